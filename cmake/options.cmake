@@ -1,0 +1,35 @@
+# One target carries what every room compiles with.
+add_library(orbisgrid_options INTERFACE)
+target_compile_features(orbisgrid_options INTERFACE cxx_std_20)
+set(CMAKE_CXX_EXTENSIONS OFF)
+target_include_directories(orbisgrid_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(orbisgrid_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+  # A fused multiply-add rounds once where the program rounds twice: with it the last digit shown
+  # would depend on the processor. For the same reason -ffast-math must never be added.
+  -ffp-contract=off)
+if(ORBISGRID_WERROR)
+  target_compile_options(orbisgrid_options INTERFACE -Werror)
+endif()
+
+# What the Qt rooms add: no silent char* to QString, no connection without a context object.
+add_library(orbisgrid_qt_options INTERFACE)
+target_link_libraries(orbisgrid_qt_options INTERFACE orbisgrid_options)
+target_compile_definitions(orbisgrid_qt_options INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY
+  QT_NO_CONTEXTLESS_CONNECT QT_NO_FOREACH QT_NO_KEYWORDS
+  QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_NO_URL_CAST_FROM_STRING
+  QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+
+set(ORBISGRID_SANITIZE "" CACHE STRING "Sanitizers, for instance address,undefined")
+if(ORBISGRID_SANITIZE)
+  add_compile_options(-fsanitize=${ORBISGRID_SANITIZE} -fno-omit-frame-pointer
+    -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=${ORBISGRID_SANITIZE})
+endif()
+
+option(ORBISGRID_COVERAGE "Count executed lines and branches (GCC)" OFF)
+if(ORBISGRID_COVERAGE)
+  add_compile_options(--coverage -O0)
+  add_link_options(--coverage)
+endif()

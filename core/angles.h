@@ -1,0 +1,43 @@
+#pragma once
+
+#include "core/text.h"
+
+#include <cstdint>
+
+namespace orbisgrid {
+
+/// Pi as this program writes it, to 15 digits. Deg2Rad and Atan2 use it, and their last digits
+/// depend on it: it is not std::numbers::pi.
+inline constexpr double pi15 = 3.14159265358979;
+
+/// A decimal angle as degrees, minutes and seconds in the long form: a blank, whole degrees, "° ",
+/// whole minutes, "' ", whole seconds (halves away from zero) and a double quote.
+///
+/// The degrees are the floor, so -4.5 gives -5° 30' 0". Seconds of 59.5 or more show as 60 and are
+/// not carried. The steps are single: they decide the last second in rare cases.
+Text Convert_Degree(float Decimal_Deg);
+
+/// The angle of a long-form text, in degrees. "~" is accepted where "°" would stand; the argument
+/// afterwards holds "°". There is no sign handling: "-4° 2' 30" is -4 plus 2 minutes and 30
+/// seconds.
+///
+/// Throws RuntimeError 5 where "°" or "'" is missing, "'" stands too close behind "°", or the text
+/// ends right behind "'".
+double Convert_Decimal(Text& Degree_Deg);
+
+/// Degrees + minutes / 60 + seconds / 3600 of three texts, each read by the leading-number parse.
+/// No range is checked: 75 minutes are 1.25 degrees. The two fractions are added first.
+double Dms2Decimal(TextView DegText, TextView MinText, TextView SecText);
+
+/// The whole part, cut towards zero (-2.5 gives -2): despite its name no floor; callers rely on
+/// the cut. Throws RuntimeError 6 for a value whose whole part does not fit 32 signed bits.
+std::int32_t Floor(double dblValue);
+
+/// Degrees to radians.
+double Deg2Rad(double Angle);
+
+/// The direction of the point (X, Y) in radians, from -pi to pi. On the negative X axis it is -pi,
+/// not +pi: that is deliberate. Throws RuntimeError 11 at the origin.
+double Atan2(double X, double Y);
+
+} // namespace orbisgrid

@@ -1,0 +1,160 @@
+#include "core/maidenhead.h"
+
+#include "core/number_text.h"
+#include "core/runtime_error.h"
+
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+namespace orbisgrid {
+
+namespace {
+
+using LocatorCodes = std::array<double, 6>;
+
+struct Position {
+    double longitude;
+    double latitude;
+};
+
+void complete(Text& locator) {
+    locator = upperCase(locator);
+    if (locator.size() == 4)
+        locator += u"LL";
+    if (locator.size() == 5)
+        locator += u'L';
+}
+
+/// Position of a subsquare's centre. 64.5 is "A" less one half: it adds half a subsquare.
+Position centreOf(const LocatorCodes& c) {
+    return {(c[0] - 65) * 20 - 180 + (c[2] - 48) * 2 + (c[4] - 64.5) / 12,
+            (c[1] - 65) * 10 - 90 + (c[3] - 48) + (c[5] - 64.5) / 24};
+}
+
+char16_t longitudeLetter(double longitude) {
+    return longitude < 0 ? u'W' : u'E';
+}
+
+char16_t latitudeLetter(double latitude) {
+    return latitude < 0 ? u'S' : u'N';
+}
+
+struct Dms {
+    double degrees, minutes, seconds;
+};
+
+Dms split(double magnitude) {
+    const double degrees = std::trunc(magnitude);
+    const double sign = magnitude > 0 ? 1 : 0;
+    const double m = (magnitude - degrees) * 60 * sign;
+    return {degrees, std::floor(m), (m - std::floor(m)) * 60};
+}
+
+Text dmsText(const Dms& dms, std::size_t degreeDigits, char16_t letter) {
+    Text text = wholeMask(dms.degrees, degreeDigits);
+    text += u"°.";
+    text += wholeMask(dms.minutes, 2);
+    text += u"'.";
+    text += wholeMask(dms.seconds, 2);
+    text += u' ';
+    text += letter;
+    return text;
+}
+
+/// floor() as the 16-bit index it is stored in, and with the first character's code added: both
+/// sums overflow as 16-bit numbers do.
+int cellIndex(double value, int firstCode) {
+    constexpr int largest = std::numeric_limits<std::int16_t>::max();
+    constexpr int smallest = std::numeric_limits<std::int16_t>::min();
+    const double index = std::floor(value);
+    if (!(index >= smallest && index <= largest - firstCode))
+        throw RuntimeError(RuntimeError::overflow);
+    return static_cast<int>(index);
+}
+
+} // namespace
+
+LocatorPosition Maiden2World(Text& locator) {
+    complete(locator);
+    if (locator.size() < 4)
+        throw RuntimeError(RuntimeError::invalidProcedureCall);
+    LocatorCodes codes{};
+    for (std::size_t i = 0; i < codes.size(); ++i)
+        codes[i] = locator[i];
+    const Position position = centreOf(codes);
+
+    LocatorPosition result;
+    // The texts come from the values before they become single: west of 75 degrees the seventh
+    // digit differs.
+    result.LonText = plainTextOfSeven(position.longitude);
+    result.LatText = plainTextOfSeven(position.latitude);
+    result.longitude = static_cast<float>(position.longitude);
+    result.latitude = static_cast<float>(position.latitude);
+    result.LonText += longitudeLetter(position.longitude);
+    result.LatText += latitudeLetter(position.latitude);
+    return result;
+}
+
+LocatorPositionHMS Maiden2WorldHMS(Text& locator) {
+    complete(locator);
+    LocatorCodes codes{};
+    for (std::size_t i = 0; i < codes.size() && i < locator.size(); ++i)
+        codes[i] = locator[i];
+    const Position position = centreOf(codes);
+    const double longitude = std::fabs(position.longitude);
+    const double latitude = std::fabs(position.latitude);
+    const char16_t eastWest = longitudeLetter(position.longitude);
+    const char16_t northSouth = latitudeLetter(position.latitude);
+
+    LocatorPositionHMS result;
+    result.LonText = plainText(longitude) + eastWest;
+    result.LatText = plainText(latitude) + northSouth;
+    const Dms lon = split(longitude);
+    Dms lat = split(latitude);
+    lat.seconds = wholeMaskValue(lat.seconds); // only here: the longitude keeps its fraction
+    result.LonDeg = lon.degrees;
+    result.LonMin = lon.minutes;
+    result.LonSec = lon.seconds;
+    result.LatDeg = lat.degrees;
+    result.LatMin = lat.minutes;
+    result.LatSec = lat.seconds;
+    result.LonDmsText = dmsText(lon, 3, eastWest);
+    result.LatDmsText = dmsText(lat, 2, northSouth);
+    return result;
+}
+
+Text World2Grid(double& Longitude, double& Latitude) {
+    Longitude = (Longitude + 180) / 20;
+    Latitude = (Latitude + 90) / 10;
+    const int a = cellIndex(Longitude, 65);
+    const int b = cellIndex(Latitude, 65);
+    Longitude = (Longitude - a) * 10;
+    Latitude = (Latitude - b) * 10;
+    const int c = cellIndex(Longitude, 48);
+    const int d = cellIndex(Latitude, 48);
+    const int e = cellIndex((Longitude - c) * 24, 65);
+    const int f = cellIndex((Latitude - d) * 24, 65);
+    return {characterWithCode(a + 65), characterWithCode(b + 65), characterWithCode(c + 48),
+            characterWithCode(d + 48), characterWithCode(e + 65), characterWithCode(f + 65)};
+}
+
+Text World2Maiden(double LongCo, double LatCo, int /*TypeConvert*/) {
+    double x = (180 - LongCo) / 20;
+    double y = (LatCo + 90) / 10;
+    const double a = std::floor(x);
+    const double b = std::floor(y);
+    x = (x - a) * 10;
+    y = (y - b) * 10;
+    const double c = std::floor(x);
+    const double d = std::floor(y);
+    const double e = std::floor((x - c) * 24) + 65;
+    const double f = std::floor((y - d) * 24) + 65;
+    Text locator;
+    for (const double code : {a + 65, b + 65, c + 48, d + 48, e, f})
+        locator += characterWithCode(std::nearbyint(code));
+    return locator[1] == u'S' ? Text() : locator;
+}
+
+} // namespace orbisgrid

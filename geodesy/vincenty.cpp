@@ -1,0 +1,108 @@
+#include "geodesy/vincenty.h"
+
+#include "core/angles.h"
+#include "core/runtime_error.h"
+
+#include <cmath>
+
+namespace orbisgrid {
+
+namespace {
+
+// WGS-84 (NIMA TR8350.2): semi-major axis and flattening; b as it is usually written, to 0.1 mm.
+constexpr double a = 6378137;
+constexpr double b = 6356752.3142;
+constexpr double f = 1 / 298.257223563;
+
+constexpr double twoPi15 = 6.28318530717958; // 2 pi to 15 digits: only its distance from L matters
+constexpr double convergence = 1e-12;
+constexpr int passes = 100;
+
+/// A reduced latitude on the auxiliary sphere.
+struct ReducedLatitude {
+    explicit ReducedLatitude(double latitude) {
+        const double U = std::atan((1 - f) * std::tan(Deg2Rad(latitude)));
+        sine = std::sin(U);
+        cosine = std::cos(U);
+    }
+
+    double sine, cosine;
+};
+
+/// The arc between both points on the auxiliary sphere, for one value of lambda.
+struct Arc {
+    double sinSigma = 0, cosSigma = 0, sigma = 0;
+    double cosSqAlpha = 0, cos2SigmaM = 0;
+    double nextLambda = 0;
+};
+
+double sineOfArc(const ReducedLatitude& U1, const ReducedLatitude& U2, double lambda) {
+    const double east = U2.cosine * std::sin(lambda);
+    const double north = U1.cosine * U2.sine - U1.sine * U2.cosine * std::cos(lambda);
+    return std::sqrt(east * east + north * north);
+}
+
+Arc arcAt(const ReducedLatitude& U1, const ReducedLatitude& U2, double L, double lambda,
+          double sinSigma) {
+    Arc arc;
+    arc.sinSigma = sinSigma;
+    arc.cosSigma = U1.sine * U2.sine + U1.cosine * U2.cosine * std::cos(lambda);
+    arc.sigma = Atan2(arc.cosSigma, arc.sinSigma); // the direction of (cosSigma, sinSigma)
+    const double sinAlpha = U1.cosine * U2.cosine * std::sin(lambda) / arc.sinSigma;
+    arc.cosSqAlpha = 1 - sinAlpha * sinAlpha;
+    if (arc.cosSqAlpha != 0) // 0: a line along the equator
+        arc.cos2SigmaM = arc.cosSigma - 2 * U1.sine * U2.sine / arc.cosSqAlpha;
+    const double C = f / 16 * arc.cosSqAlpha * (4 + f * (4 - 3 * arc.cosSqAlpha));
+    const double cos2 = arc.cos2SigmaM * arc.cos2SigmaM;
+    arc.nextLambda =
+        L +
+        (1 - C) * f * sinAlpha *
+            (arc.sigma + C * arc.sinSigma * (arc.cos2SigmaM + C * arc.cosSigma * (-1 + 2 * cos2)));
+    return arc;
+}
+
+double lengthOf(const Arc& arc) {
+    const double uSq = arc.cosSqAlpha * (a * a - b * b) / (b * b);
+    const double A = 1 + uSq / 16384 * (4096 + uSq * (-768 + uSq * (320 - 175 * uSq)));
+    const double B = uSq / 1024 * (256 + uSq * (-128 + uSq * (74 - 47 * uSq)));
+    const double cos2 = arc.cos2SigmaM * arc.cos2SigmaM;
+    const double deltaSigma =
+        B * arc.sinSigma *
+        (arc.cos2SigmaM +
+         B / 4 *
+             (arc.cosSigma * (-1 + 2 * cos2) -
+              B / 6 * arc.cos2SigmaM * (-3 + 4 * arc.sinSigma * arc.sinSigma) * (-3 + 4 * cos2)));
+    return b * A * (arc.sigma - deltaSigma);
+}
+
+double roundedToMillimetres(double metres) {
+    return std::nearbyint(metres * 1000) / 1000; // the default rounding mode: halves to even
+}
+
+} // namespace
+
+VincentyDistance distVincenty(double lat1, double lon1, double lat2, double lon2) {
+    const double L = Deg2Rad(lon2 - lon1);
+    const ReducedLatitude U1(lat1), U2(lat2);
+    double lambda = L;
+    double lambdaP = twoPi15;
+    int counter = passes;
+    Arc arc;
+    while (std::fabs(lambda - lambdaP) > convergence && counter >= 1) {
+        --counter;
+        const double sinSigma = sineOfArc(U1, U2, lambda);
+        if (sinSigma == 0)
+            return {};
+        arc = arcAt(U1, U2, L, lambda, sinSigma);
+        lambdaP = lambda;
+        lambda = arc.nextLambda;
+    }
+    if (counter == 0)
+        return {0, true};
+    const double metres = roundedToMillimetres(lengthOf(arc));
+    if (!std::isfinite(metres) || !std::isfinite(lambda))
+        throw RuntimeError(RuntimeError::overflow);
+    return {metres, false};
+}
+
+} // namespace orbisgrid

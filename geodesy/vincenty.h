@@ -1,0 +1,19 @@
+#pragma once
+
+namespace orbisgrid {
+
+/// What distVincenty found.
+struct VincentyDistance {
+    double metres = 0; ///< rounded to 3 decimals, halves to even; 0 for coincident points
+    bool iterationLimitReached = false; ///< metres is 0 and a message is due
+};
+
+/// Geodesic distance on the WGS-84 ellipsoid by Vincenty's inverse method (T. Vincenty, Survey
+/// Review XXIII, 1975). Degrees, north and east positive.
+///
+/// At most 100 passes; one that converges exactly on the hundredth still counts as a failure, as
+/// the counter alone is looked at. Nearly antipodal points end that way.
+/// Throws RuntimeError 6 where the arithmetic fails (an argument that is no number).
+VincentyDistance distVincenty(double lat1, double lon1, double lat2, double lon2);
+
+} // namespace orbisgrid
