@@ -28,12 +28,15 @@ std::int32_t toInt32(double value) {
 /// Four base-91 characters. Quotients are cut and remainders keep the sign of the value: outside
 /// the world they leave the printable characters or raise.
 void appendGroup(Text& text, double value) {
+    const std::int32_t belowCube = toInt32(value) % cube91;
+    const std::int32_t belowSquare = belowCube % square91;
+    const auto append = [&text](std::int32_t digit) {
+        text += characterWithCode(digit + firstCode);
+    };
     text += characterWithCode(std::trunc(value / cube91) + firstCode);
-    std::int32_t rest = toInt32(value) % cube91;
-    text += characterWithCode(rest / square91 + firstCode);
-    rest %= square91;
-    text += characterWithCode(rest / 91 + firstCode);
-    text += characterWithCode(rest % 91 + firstCode);
+    append(belowCube / square91);
+    append(belowSquare / 91);
+    append(belowSquare % 91);
 }
 
 } // namespace

@@ -10,10 +10,10 @@ namespace orbisgrid {
 namespace {
 
 void appendFields(Text& text, const WholeDms& dms, std::size_t degreeDigits) {
-    text += wholeMask(std::fabs(dms.degrees), degreeDigits);
-    text += wholeMask(dms.minutes, 2);
+    text += wholeMask(std::fabs(dms.Deg), degreeDigits);
+    text += wholeMask(dms.Min, 2);
     text += u'.';
-    text += wholeMask(dms.seconds, 2);
+    text += wholeMask(dms.Sec, 2);
 }
 
 /// One coordinate's three fields. The seconds field takes the hemisphere letter with it.
@@ -32,7 +32,9 @@ struct Fields {
 
 Text uiViewText(const WholeDms& latitude, TextView northSouth, const WholeDms& longitude,
                 TextView eastWest) {
-    Text text = u"=";
+    Text text;
+    text.reserve(21); // an extra digit in each of two fields
+    text += u'=';
     appendFields(text, latitude, 2);
     text += northSouth;
     text += u'/';

@@ -8,9 +8,9 @@ namespace orbisgrid {
 
 /// One coordinate as degrees, minutes and seconds: a magnitude in whole numbers and its side.
 struct WholeDms {
-    double degrees = 0;
-    double minutes = 0;
-    double seconds = 0;      ///< 0 to 60: a 60 is kept and not carried into the minutes
+    double Deg = 0;
+    double Min = 0;
+    double Sec = 0;          ///< 0 to 60: a 60 is kept and not carried into the minutes
     bool isNegative = false; ///< south or west
 };
 
@@ -22,7 +22,7 @@ Text withDecimalPoint(TextView boxText);
 /// Result: nothing where the number is too large to be one.
 std::optional<WholeDms> WorldDMS(TextView boxText);
 
-/// Which way a decimal box could not be read.
+/// What became of the two decimal boxes.
 enum class DecimalCoordinatesOutcome {
     converted,
     unreadable, ///< a box could not be read as a number: the caller shows its message

@@ -49,9 +49,8 @@ void appendPair(Text& locator, double lon, double lat, int firstCode) {
 
 } // namespace
 
-std::optional<ExtendedPosition> LongMaiden2Coordinates(Text& strLongMaiden) {
-    pad(strLongMaiden);
-    const auto indices = cellIndices(strLongMaiden);
+std::optional<ExtendedCorner> cornerOfTen(TextView locator) {
+    const auto indices = cellIndices(locator);
     if (!indices)
         return std::nullopt;
     const auto& p = *indices;
@@ -62,7 +61,15 @@ std::optional<ExtendedPosition> LongMaiden2Coordinates(Text& strLongMaiden) {
     longitude = static_cast<float>(longitude + ((p[8] / 24) + p[6]) / 10 / 12);
     auto latitude = static_cast<float>((((p[5] / 24) + p[3]) / 10 + p[1]) * 10 - 90);
     latitude = static_cast<float>(latitude + ((p[9] / 24) + p[7]) / 10 / 24);
-    return ExtendedPosition{printText(longitude), printText(latitude)};
+    return ExtendedCorner{longitude, latitude};
+}
+
+std::optional<ExtendedPosition> LongMaiden2Coordinates(Text& strLongMaiden) {
+    pad(strLongMaiden);
+    const auto corner = cornerOfTen(strLongMaiden);
+    if (!corner)
+        return std::nullopt;
+    return ExtendedPosition{printText(corner->longitude), printText(corner->latitude)};
 }
 
 Text Coordinates2LongMaiden(double& E_Lon, double& N_Lat) {

@@ -13,6 +13,17 @@ struct ExtendedPosition {
     Text LatText;
 };
 
+/// The south-west corner of a 10-character cell, in degrees, east and north positive.
+struct ExtendedCorner {
+    float longitude = 0;
+    float latitude = 0;
+};
+
+/// Decodes the first ten characters of a locator; nothing where there are fewer or one is not of
+/// its kind (see LongMaiden2Coordinates). Each coordinate is stored as single twice: before and
+/// after its extended part is added.
+std::optional<ExtendedCorner> cornerOfTen(TextView locator);
+
 /// Decodes a locator of 4 to 10 characters to the south-west corner of its 10-character cell.
 ///
 /// `strLongMaiden` is padded in place to 10 characters: "JO20" reads "JO20LL55AA" afterwards and

@@ -86,8 +86,8 @@ LocatorPosition Maiden2World(Text& locator) {
     const Position position = centreOf(codes);
 
     LocatorPosition result;
-    // The texts come from the values before they become single: west of 75 degrees the seventh
-    // digit differs.
+    // The texts come from the values before they become single: in many places, FN20 among them,
+    // the seventh digit differs.
     result.LonText = plainTextOfSeven(position.longitude);
     result.LatText = plainTextOfSeven(position.latitude);
     result.longitude = static_cast<float>(position.longitude);

@@ -1,5 +1,6 @@
 #include "core/number_text.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -23,6 +24,39 @@ struct ScannedNumber {
     TextView rest;
 };
 
+/// Digits and one point, read character by character.
+struct ScannedDigits {
+    std::uint64_t significand = 0; ///< the digits as a whole number; cut where they are too many
+    std::size_t digits = 0;        ///< how many there are ...
+    std::size_t decimals = 0;      ///< ... and of these behind the point
+    std::size_t length = 0;        ///< characters, the point included
+};
+
+/// Powers of ten that a double holds exactly.
+constexpr std::array<double, 16> powersOfTen{1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                             1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+
+/// As many digits make a whole number that a double holds exactly.
+constexpr std::size_t exactDigits = powersOfTen.size() - 1;
+
+ScannedDigits scanDigits(TextView text) {
+    ScannedDigits scanned;
+    bool hasPoint = false;
+    for (const char16_t character : text) {
+        if (isDigit(character)) {
+            scanned.significand = scanned.significand * 10 + (character - u'0');
+            ++scanned.digits;
+            scanned.decimals += hasPoint ? 1 : 0;
+        } else if (character == u'.' && !hasPoint) {
+            hasPoint = true;
+        } else {
+            break;
+        }
+        ++scanned.length;
+    }
+    return scanned;
+}
+
 double outOfRange(std::string_view digits) {
     // Only a number with a digit other than 0 before the point is too large; the others are too
     // small to tell from 0.
@@ -32,11 +66,19 @@ double outOfRange(std::string_view digits) {
                : std::numeric_limits<double>::infinity();
 }
 
-double valueOf(std::string_view digits) {
+double valueOfMany(TextView text) {
+    const std::string digits(text.begin(), text.end());
     double value = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value,
                                               std::chars_format::fixed);
     return error == std::errc::result_out_of_range ? outOfRange(digits) : value;
+}
+
+/// The nearest double. Two exact numbers and one division round only once.
+double valueOf(TextView text, const ScannedDigits& scanned) {
+    if (scanned.digits > exactDigits)
+        return valueOfMany(text.substr(0, scanned.length));
+    return static_cast<double>(scanned.significand) / powersOfTen[scanned.decimals];
 }
 
 ScannedNumber scanNumber(TextView text) {
@@ -44,26 +86,13 @@ ScannedNumber scanNumber(TextView text) {
     const bool isNegative = text.starts_with(u'-');
     if (isNegative || text.starts_with(u'+'))
         text.remove_prefix(1);
-    std::string digits;
-    std::size_t length = 0;
-    bool hasPoint = false;
-    bool hasDigits = false;
-    for (; length < text.size(); ++length) {
-        const char16_t character = text[length];
-        if (isDigit(character))
-            hasDigits = true;
-        else if (character == u'.' && !hasPoint)
-            hasPoint = true;
-        else
-            break;
-        digits += static_cast<char>(character);
-    }
-    text.remove_prefix(length);
-    if (!hasDigits)
-        return {0, false, text};
-    const double magnitude = valueOf(digits);
+    const ScannedDigits scanned = scanDigits(text);
+    const TextView rest = text.substr(scanned.length);
+    if (scanned.digits == 0)
+        return {0, false, rest};
+    const double magnitude = valueOf(text, scanned);
     // 0 stays 0 behind a minus sign: a negative zero would turn up as "-0" or choose a hemisphere.
-    return {isNegative && magnitude != 0 ? -magnitude : magnitude, true, text};
+    return {isNegative && magnitude != 0 ? -magnitude : magnitude, true, rest};
 }
 
 template <typename Integer>
@@ -75,27 +104,76 @@ std::optional<Integer> nearestInteger(double value) {
     return static_cast<Integer>(nearest);
 }
 
-void append(Text& text, std::string_view ascii) {
-    text.append(ascii.begin(), ascii.end());
+/// A magnitude that is not 0 as a whole number times a power of ten.
+struct Decimal {
+    std::uint64_t whole = 0;
+    int exponent = 0;
+};
+
+/// `magnitude` with `count` significant digits: the exact value rounded, halves to even.
+Decimal rounded(double magnitude, int count) {
+    std::array<char, 24> ascii{}; // d.dddddddddddddde-308
+    char* const end = std::to_chars(ascii.data(), ascii.data() + ascii.size(), magnitude,
+                                    std::chars_format::scientific, count - 1)
+                          .ptr;
+    char* const mark = std::find(ascii.data(), end, 'e');
+    Decimal decimal;
+    // Without its point the mantissa is a whole number.
+    std::copy(ascii.data() + 2, mark, ascii.data() + 1);
+    std::from_chars(ascii.data(), mark - 1, decimal.whole);
+    std::from_chars(mark + 2, end, decimal.exponent);
+    if (mark[1] == '-')
+        decimal.exponent = -decimal.exponent;
+    decimal.exponent -= count - 1;
+    return decimal;
 }
 
-/// Lays out significant digits as a plain decimal. `digits` holds d or d.ddd with trailing zeros
-/// removed by the caller's count; `exponent` is the power of ten of the first one.
-void appendPlain(Text& text, std::string_view digits, int exponent) {
-    const int count = static_cast<int>(digits.size());
-    if (exponent < 0) {
-        append(text, "0.");
-        text.append(static_cast<std::size_t>(-exponent - 1), u'0');
-        append(text, digits);
-    } else if (count <= exponent + 1) {
-        append(text, digits);
-        text.append(static_cast<std::size_t>(exponent + 1 - count), u'0');
-    } else {
-        const auto whole = static_cast<std::size_t>(exponent + 1);
-        append(text, digits.substr(0, whole));
-        text += u'.';
-        append(text, digits.substr(whole));
+/// The same where one multiplication finds it; nothing where it needs the exact value.
+std::optional<Decimal> quicklyRounded(double magnitude, int count) {
+    if (magnitude < powersOfTen[static_cast<std::size_t>(count)] &&
+        magnitude == std::trunc(magnitude))
+        return Decimal{static_cast<std::uint64_t>(magnitude), 0};
+    constexpr int mostCertain = 7; // of more digits the product below would not be certain
+    if (count > mostCertain || magnitude < 1e-3 || magnitude >= 1e3)
+        return std::nullopt;
+    int decimals = count - 3;
+    for (const double limit : {100.0, 10.0, 1.0, 0.1, 0.01})
+        decimals += magnitude < limit ? 1 : 0;
+    const double scaled = magnitude * powersOfTen[static_cast<std::size_t>(decimals)];
+    const double nearest = std::floor(scaled + 0.5);
+    // Both factors are exact and the product is below 1e7, so it is off by less than 1e-9.
+    constexpr double certain = 0.5 - 1e-6;
+    if (std::fabs(scaled - nearest) > certain)
+        return std::nullopt;
+    return Decimal{static_cast<std::uint64_t>(nearest), -decimals};
+}
+
+std::size_t digitsOf(std::uint64_t whole) {
+    std::size_t count = 1;
+    for (; whole >= 10; whole /= 10)
+        ++count;
+    return count;
+}
+
+/// Lays out a plain decimal: no exponent, no trailing zeros behind the point, a digit before it.
+void append(Text& text, Decimal decimal) {
+    while (decimal.exponent < 0 && decimal.whole % 10 == 0) {
+        decimal.whole /= 10;
+        ++decimal.exponent;
     }
+    const auto zeros = static_cast<std::size_t>(std::max(decimal.exponent, 0));
+    const auto decimals = static_cast<std::size_t>(std::max(-decimal.exponent, 0));
+    const std::size_t digits = std::max(digitsOf(decimal.whole), decimals + 1);
+    const std::size_t first = text.size();
+    const std::size_t point = first + digits - decimals;
+    text.resize(first + digits + (decimals > 0 ? 1 : 0), u'.');
+    for (std::size_t i = text.size(); i-- > first;) {
+        if (i == point)
+            continue;
+        text[i] = static_cast<char16_t>(u'0' + decimal.whole % 10);
+        decimal.whole /= 10;
+    }
+    text.append(zeros, u'0');
 }
 
 /// The plain form behind `prefix`, which stands in front of values that are not negative.
@@ -104,30 +182,14 @@ Text signedText(double value, int significantDigits, TextView prefix) {
         return Text(prefix) += u'0';
     if (!std::isfinite(value))
         return Text(prefix) += std::isnan(value) ? u"nan" : u"inf";
-    std::array<char, 32> buffer{};
-    const auto [end, error] =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
-                      std::chars_format::scientific, significantDigits - 1);
-    // d.ddddddeSXX
-    const std::string_view all(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
-    const std::size_t mark = all.find('e');
-    int exponent = 0;
-    std::from_chars(all.data() + mark + 2, end, exponent);
-    if (all[mark + 1] == '-')
-        exponent = -exponent;
-    std::array<char, 32> digits{};
-    digits.front() = all.front();
-    std::size_t count = all.copy(digits.data() + 1, mark - 2, 2) + 1;
-    while (count > 1 && digits.at(count - 1) == '0')
-        --count;
-
+    const double magnitude = std::fabs(value);
     Text text;
-    text.reserve(significantDigits < 10 ? 15 : 23);
     if (value < 0)
         text += u'-';
     else
         text += prefix;
-    appendPlain(text, {digits.data(), count}, exponent);
+    const auto quick = quicklyRounded(magnitude, significantDigits);
+    append(text, quick ? *quick : rounded(magnitude, significantDigits));
     return text;
 }
 
@@ -194,23 +256,24 @@ double wholeMaskValue(double value) {
 }
 
 Text wholeMask(double value, std::size_t minimumDigits) {
-    Text digits = plainText(std::fabs(wholeMaskValue(value)));
+    const double whole = wholeMaskValue(value);
+    Text digits = plainText(std::fabs(whole));
     if (digits.size() < minimumDigits)
         digits.insert(0, minimumDigits - digits.size(), u'0');
-    if (wholeMaskValue(value) < 0)
+    if (whole < 0)
         digits.insert(0, 1, u'-');
     return digits;
 }
 
-Text fiveDecimalMask(double magnitude) {
-    if (!std::isfinite(magnitude))
-        return plainText(magnitude);
+Text fiveDecimalMask(double value) {
+    if (!std::isfinite(value))
+        return plainText(value);
     // Twenty more decimals than shown: enough to see on which side of a half the value lies.
     constexpr int shown = 5;
     constexpr int looked = shown + 20;
     std::array<char, 400> buffer{};
-    const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude,
-                                            std::chars_format::fixed, looked);
+    const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
+                                            std::fabs(value), std::chars_format::fixed, looked);
     std::string decimal(buffer.data(), end);
     const bool roundsUp = decimal[decimal.size() - (looked - shown)] >= '5';
     decimal.resize(decimal.size() - (looked - shown));
@@ -219,7 +282,9 @@ Text fiveDecimalMask(double magnitude) {
     decimal.erase(decimal.find_last_not_of('0') + 1);
     if (decimal.starts_with("0."))
         decimal.erase(0, 1);
-    return Text(decimal.begin(), decimal.end());
+    Text text = value < 0 ? u"-" : u"";
+    text.append(decimal.begin(), decimal.end());
+    return text;
 }
 
 } // namespace orbisgrid

@@ -29,7 +29,7 @@ struct DistAzimuthTexts {
 WestPositivePoint pointOf(TextView checkedLocator);
 
 /// Great circle by the spherical law of cosines in single precision: each named step is evaluated
-/// in double and stored as single. That costs up to 2.5 km below 20 km and decides the last digit
+/// in double and stored as single. That costs up to 2.6 km below 20 km and decides the last digit
 /// that is shown, so it stays.
 ///
 /// Special cases: points exactly a quarter of a circle apart (cosd is 0) give 0 km, because the

@@ -18,27 +18,33 @@ constexpr std::array<Range, fullLength> accepted{
 
 /// Folds case by code alone. Whatever else lies at or above "a" (below "Z") is shifted too: a digit
 /// in the subsquare becomes a letter such as "U" and then fails the range check.
-void foldCase(Text& locator) {
-    for (const std::size_t i : {0U, 1U}) {
-        if (locator[i] >= u'a')
-            locator[i] = static_cast<char16_t>(locator[i] - caseDistance);
-    }
-    for (const std::size_t i : {4U, 5U}) {
-        if (locator[i] <= u'Z')
-            locator[i] = static_cast<char16_t>(locator[i] + caseDistance);
-    }
+char16_t folded(char16_t character, std::size_t index) {
+    if (index < 2 && character >= u'a')
+        return static_cast<char16_t>(character - caseDistance);
+    if (index >= 4 && character <= u'Z')
+        return static_cast<char16_t>(character + caseDistance);
+    return character;
 }
 
-std::optional<Text> checked(Text locator) {
+bool isAccepted(TextView locator) {
     if (locator.size() < fullLength)
-        return std::nullopt;
-    locator.resize(fullLength);
-    foldCase(locator);
+        return false;
     for (std::size_t i = 0; i < fullLength; ++i) {
-        if (locator[i] < accepted.at(i).first || locator[i] > accepted.at(i).last)
-            return std::nullopt;
+        const char16_t character = folded(locator[i], i);
+        if (character < accepted[i].first || character > accepted[i].last)
+            return false;
     }
-    return locator;
+    return true;
+}
+
+std::optional<Text> checked(TextView locator) {
+    std::optional<Text> result;
+    if (isAccepted(locator)) {
+        result.emplace(locator.substr(0, fullLength));
+        for (std::size_t i = 0; i < fullLength; ++i)
+            (*result)[i] = folded(locator[i], i);
+    }
+    return result;
 }
 
 } // namespace
@@ -56,16 +62,13 @@ Text completedLocator(TextView locator) {
 }
 
 std::optional<Text> checkedHome(TextView locator) {
-    return checked(completedLocator(locator));
+    return locator.size() < fullLength ? checked(completedLocator(locator)) : checked(locator);
 }
 
 std::optional<Text> checkedTarget(TextView locator) {
-    Text target = completedLocator(locator);
-    if (target.size() > fullLength || target.size() < 2)
-        return std::nullopt;
-    if (target.size() < 4)
-        target = target.substr(0, 2) + u"55ll";
-    return checked(std::move(target));
+    if (locator.size() == 2 || locator.size() == 3)
+        return checked(Text(locator.substr(0, 2)) + u"55ll");
+    return locator.size() > fullLength ? std::nullopt : checkedHome(locator);
 }
 
 } // namespace orbisgrid

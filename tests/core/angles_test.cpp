@@ -1,0 +1,79 @@
+#include "core/angles.h"
+#include "tests/support/runtime_error_code.h"
+#include "tests/support/table.h"
+
+namespace orbisgrid {
+
+namespace {
+
+using test::raisedCode;
+using test::Row;
+
+class ConvertDegreeTest : public testing::TestWithParam<Row> {};
+
+TEST_P(ConvertDegreeTest, WritesTheLongForm) {
+    const Row& row = GetParam();
+    EXPECT_EQ(toUtf8(Convert_Degree(static_cast<float>(row.number(0)))), row.fields[1]);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, ConvertDegreeTest,
+                         testing::ValuesIn(test::readTable("angles_convert_degree.tsv", 2)),
+                         test::testName);
+
+class ConvertDecimalTest : public testing::TestWithParam<Row> {};
+
+TEST_P(ConvertDecimalTest, ReadsTheLongForm) {
+    const Row& row = GetParam();
+    Text text = row.text(0);
+    double angle = 0;
+    EXPECT_EQ(raisedCode([&] { angle = Convert_Decimal(text); }), row.number(2));
+    EXPECT_DOUBLE_EQ(angle, row.number(1));
+    EXPECT_EQ(toUtf8(text), row.fields[3]);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, ConvertDecimalTest,
+                         testing::ValuesIn(test::readTable("angles_convert_decimal.tsv", 4)),
+                         test::testName);
+
+class Atan2Test : public testing::TestWithParam<Row> {};
+
+TEST_P(Atan2Test, GivesTheDirectionOfThePoint) {
+    const Row& row = GetParam();
+    EXPECT_NEAR(Atan2(row.number(0), row.number(1)), row.number(2) * 3.14159265358979, 1e-14);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, Atan2Test, testing::ValuesIn(test::readTable("angles_atan2.tsv", 3)),
+                         test::testName);
+
+TEST(Atan2, RaisesAtTheOrigin) {
+    EXPECT_EQ(raisedCode([] { Atan2(0, 0); }), 11);
+}
+
+class FloorTest : public testing::TestWithParam<Row> {};
+
+TEST_P(FloorTest, CutsTowardsZero) {
+    const Row& row = GetParam();
+    double result = 0;
+    EXPECT_EQ(raisedCode([&] { result = Floor(row.number(0)); }), row.number(2));
+    EXPECT_EQ(result, row.number(1));
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, FloorTest, testing::ValuesIn(test::readTable("angles_floor.tsv", 3)),
+                         test::testName);
+
+TEST(Dms2Decimal, AddsThreeTexts) {
+    EXPECT_DOUBLE_EQ(Dms2Decimal(u"50", u"56", u"10.2"), 50.936166666666667);
+    EXPECT_DOUBLE_EQ(Dms2Decimal(u"0", u"75", u""), 1.25);
+    EXPECT_DOUBLE_EQ(Dms2Decimal(u"x", u"", u"17N"), 17.0 / 3600);
+    // The fractions are added first; from the left the last digit would differ.
+    EXPECT_EQ(Dms2Decimal(u"8", u"1", u"5"), 8 + (5.0 / 3600 + 1.0 / 60));
+}
+
+TEST(Deg2Rad, UsesPiToFifteenDigits) {
+    EXPECT_EQ(Deg2Rad(180), 180 * (3.14159265358979 / 180));
+    EXPECT_EQ(Deg2Rad(0), 0);
+}
+
+} // namespace
+
+} // namespace orbisgrid

@@ -1,0 +1,56 @@
+#include "core/conversion.h"
+#include "tests/support/table.h"
+
+namespace orbisgrid {
+
+namespace {
+
+using test::Row;
+
+class WorldDMSTest : public testing::TestWithParam<Row> {};
+
+TEST_P(WorldDMSTest, SplitsADecimalText) {
+    const Row& row = GetParam();
+    const auto dms = WorldDMS(row.text(0));
+    ASSERT_TRUE(dms.has_value());
+    EXPECT_EQ(dms->Deg, row.number(1));
+    EXPECT_EQ(dms->Min, row.number(2));
+    EXPECT_EQ(dms->Sec, row.number(3));
+    EXPECT_EQ(dms->isNegative, row.flag(4));
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, WorldDMSTest,
+                         testing::ValuesIn(test::readTable("conversion_world_dms.tsv", 5)),
+                         test::testName);
+
+TEST(WorldDMS, SkipsANumberTooLargeToBeOne) {
+    EXPECT_EQ(WorldDMS(Text(400, u'9')).has_value(), false);
+}
+
+class DecimalCoordinatesTest : public testing::TestWithParam<Row> {};
+
+TEST_P(DecimalCoordinatesTest, EncodesTheBoxes) {
+    const Row& row = GetParam();
+    const auto result = DecimalCoordinates(row.text(0), row.text(1));
+    const bool isConverted = result.outcome == DecimalCoordinatesOutcome::converted;
+    EXPECT_EQ(isConverted, row.fields[2] != "-");
+    if (isConverted) {
+        EXPECT_EQ(toUtf8(result.locator), row.fields[2]);
+    } else {
+        EXPECT_EQ(result.outcome, DecimalCoordinatesOutcome::outOfGrid);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, DecimalCoordinatesTest,
+                         testing::ValuesIn(test::readTable("conversion_decimal.tsv", 3)),
+                         test::testName);
+
+TEST(DecimalCoordinates, RefusesANumberTooLargeToBeOne) {
+    const Text endless(400, u'9');
+    EXPECT_EQ(DecimalCoordinates(endless, u"0").outcome, DecimalCoordinatesOutcome::unreadable);
+    EXPECT_EQ(DecimalCoordinates(u"0", endless).outcome, DecimalCoordinatesOutcome::unreadable);
+}
+
+} // namespace
+
+} // namespace orbisgrid
