@@ -1,0 +1,33 @@
+#include "settings/use_counter.h"
+
+#include "core/number_text.h"
+
+#include <limits>
+
+namespace orbisgrid {
+
+namespace {
+
+constexpr TextView useCounterKey = u"UseCounter";
+
+} // namespace
+
+std::int32_t useCounterFrom(TextView stored) {
+    return nearestInt32(leadingNumber(stored)).value_or(0);
+}
+
+std::optional<Text> nextUseCounter(std::int32_t counter) {
+    if (counter == std::numeric_limits<std::int32_t>::max())
+        return std::nullopt;
+    return plainText(static_cast<double>(counter + 1));
+}
+
+std::int32_t advanceUseCounter(SettingsStore& store) {
+    const std::optional<Text> stored = store.read(useCounterKey, u"1");
+    const std::int32_t counter = stored ? useCounterFrom(*stored) : 0;
+    if (const std::optional<Text> next = nextUseCounter(counter))
+        store.write({{Text(useCounterKey), *next}});
+    return counter;
+}
+
+} // namespace orbisgrid

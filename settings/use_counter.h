@@ -1,0 +1,25 @@
+#pragma once
+
+#include "core/text.h"
+#include "settings/settings_store.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace orbisgrid {
+
+/// The number of this start, from the text in the store: its leading number to the nearest whole
+/// number, halves to even ("8.5" is 8, "12abc" is 12, "abc" is 0). A number beyond 32 bits is not
+/// taken over: 0.
+std::int32_t useCounterFrom(TextView stored);
+
+/// The text that the next start is to find: `counter` plus 1. Nothing for the largest number, which
+/// cannot be advanced: the store then keeps what it has.
+std::optional<Text> nextUseCounter(std::int32_t counter);
+
+/// Reads "UseCounter" (default "1": the first start shows 1) and stores the next one.
+/// Result: the number of this start; 0 when the store cannot be read. A store that cannot be
+/// written is passed over without a word: the count is then the same at the next start.
+std::int32_t advanceUseCounter(SettingsStore& store);
+
+} // namespace orbisgrid

@@ -1,0 +1,41 @@
+#include "settings/store_text.h"
+#include "tests/support/table.h"
+
+namespace orbisgrid {
+
+namespace {
+
+using test::Row;
+
+class StoredValueTest : public testing::TestWithParam<Row> {};
+
+TEST_P(StoredValueTest, ResolvesEscapes) {
+    const Row& row = GetParam();
+    const std::optional<Text> value = storedValue(row.fields[0], u"Path");
+    EXPECT_EQ(value ? toUtf8(*value) : "-", row.fields[1]);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, StoredValueTest,
+                         testing::ValuesIn(test::readTable("store_value.tsv", 2)), test::testName);
+
+class WithStoredValuesTest : public testing::TestWithParam<Row> {};
+
+TEST_P(WithStoredValuesTest, ChangesNothingElse) {
+    const Row& row = GetParam();
+    const std::string changed = withStoredValues(row.fields[0], {{u"UseCounter", u"8"}});
+    EXPECT_EQ(changed, row.fields[1]);
+    EXPECT_EQ(withStoredValues(changed, {{u"UseCounter", u"8"}}), changed);
+    EXPECT_EQ(storedValue(changed, u"UseCounter"), u"8");
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, WithStoredValuesTest,
+                         testing::ValuesIn(test::readTable("store_text.tsv", 2)), test::testName);
+
+TEST(WithStoredValues, WritesSeveralInTheirOrder) {
+    EXPECT_EQ(withStoredValues("", {{u"Path", u"/a b"}, {u"Version", u"3.1.1"}, {u"EXE", u"x"}}),
+              "[Orbisgrid]\nPath=/a b\nVersion=3.1.1\nEXE=x\n");
+}
+
+} // namespace
+
+} // namespace orbisgrid

@@ -1,0 +1,60 @@
+#include "settings/use_counter.h"
+#include "tests/settings/memory_store.h"
+#include "tests/support/table.h"
+
+namespace orbisgrid {
+
+namespace {
+
+using test::MemoryStore;
+using test::Row;
+
+class UseCounterTest : public testing::TestWithParam<Row> {};
+
+TEST_P(UseCounterTest, IsReadAndAdvanced) {
+    const Row& row = GetParam();
+    const std::int32_t counter = useCounterFrom(row.text(0));
+    EXPECT_EQ(counter, row.number(1));
+    const std::optional<Text> next = nextUseCounter(counter);
+    EXPECT_EQ(next ? toUtf8(*next) : "none", row.fields[2]);
+}
+
+TEST_P(UseCounterTest, IsAdvancedInTheStore) {
+    const Row& row = GetParam();
+    MemoryStore store;
+    store.values[u"UseCounter"] = row.text(0);
+    EXPECT_EQ(advanceUseCounter(store), row.number(1));
+    const std::string left = row.fields[2] == "none" ? row.fields[0] : row.fields[2];
+    EXPECT_EQ(toUtf8(store.values[u"UseCounter"]), left);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, UseCounterTest,
+                         testing::ValuesIn(test::readTable("use_counter.tsv", 3)), test::testName);
+
+TEST(UseCounter, FirstStartShowsOneAndStoresTwo) {
+    MemoryStore store;
+    EXPECT_TRUE(RegistryStuff(store, u"/", u"3.1.1"));
+    EXPECT_EQ(advanceUseCounter(store), 1);
+    EXPECT_EQ(store.values[u"UseCounter"], u"2");
+    EXPECT_EQ(advanceUseCounter(store), 2);
+}
+
+TEST(UseCounter, UnreadableStoreGivesZero) {
+    MemoryStore store;
+    store.isReadable = store.isWritable = false;
+    store.values[u"UseCounter"] = Text(u"9");
+    EXPECT_EQ(advanceUseCounter(store), 0);
+    EXPECT_EQ(store.values[u"UseCounter"], u"9");
+}
+
+TEST(UseCounter, UnwritableStoreIsPassedOver) {
+    MemoryStore store;
+    store.isWritable = false;
+    store.values[u"UseCounter"] = Text(u"9");
+    EXPECT_EQ(advanceUseCounter(store), 9);
+    EXPECT_EQ(store.values[u"UseCounter"], u"9");
+}
+
+} // namespace
+
+} // namespace orbisgrid
