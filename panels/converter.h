@@ -1,0 +1,102 @@
+#pragma once
+
+#include "core/conversion.h"
+#include "geodesy/great_circle.h"
+#include "panels/message.h"
+#include "panels/text_box.h"
+
+#include <array>
+
+namespace orbisgrid {
+
+/// A drop-down list of two hemisphere letters.
+struct HemisphereList {
+    std::array<TextView, 2> items;
+    int ListIndex = 0; ///< 1 is south or west
+
+    TextView text() const { return items.at(static_cast<std::size_t>(ListIndex)); }
+};
+
+/// The converter as a value: the boxes of five notations, and what their OK and copy buttons do.
+///
+/// Each OK procedure writes the boxes in its own fixed order, and later steps read back what a box
+/// has cut. `form` are the form's texts: an invalid locator leaves the ones that an earlier decode
+/// left there, and they are shown (deliberate).
+struct Converter {
+    TextBox txtLocator{10};
+    TextBox txtDecLat{11};
+    TextBox txtDecLong{10};
+    std::array<TextBox, 3> txtlatdms{TextBox(3), TextBox(2), TextBox(2)};
+    std::array<TextBox, 3> txtlondms{TextBox(4), TextBox(2), TextBox(2)};
+    HemisphereList cmbDmsNS{{u"N", u"S"}};
+    HemisphereList cmbDmsWE{{u"E", u"W"}};
+    TextBox txtUIView{21};
+    Text lblCompressed;
+    Text Label1 = u"Maidenhead:";
+
+    /// The position in whole degrees, minutes and seconds that WorldDMS leaves and UIView reads.
+    WholeDms Lat, Lon;
+
+    /// "N" where the decimal latitude reads 0 or more, else "S"; "E" or "W" likewise.
+    TextView lblDecNS() const;
+    TextView lblDecEW() const;
+
+    /// OK of the locator panel. Result: false where fewer than 4 characters were refused and the
+    /// focus belongs back into the box.
+    bool cmdOKLocator_Click(DistAzimuthTexts& form, Messages& messages);
+
+    /// OK of the decimal panel.
+    void cmdOKDecimal_Click(Messages& messages);
+
+    /// OK of the degrees/minutes/seconds panel. Result: false after a refusal, which leaves the
+    /// focus where it is.
+    bool cmdOkDMS_Click(Messages& messages);
+
+    /// OK of the UI-View panel. The compressed code keeps what it showed.
+    void cmdOkUIView_Click(Messages& messages);
+
+    /// The compressed code of the decimal boxes, once the UI-View box holds 6 characters. If both
+    /// read 0 the UI-View text is read first, so that a position typed there alone is the one
+    /// encoded.
+    void DoAPRSCompressed(Messages& messages);
+
+    /// The development test: the distance of two fixed points in km becomes the caption `Label1`.
+    void Command2_Click(Messages& messages);
+
+    /// Puts a pasted text into the locator box: its `pastedLine` in upper case.
+    void paste(TextView clipboardText);
+
+    /// The locator box upper-cased and trimmed, as the pop-up menu copies and moves it.
+    Text menuLocator() const;
+
+    /// The converter's boxes as they are after the clear-all button. The compressed code stays.
+    void refresh();
+
+    // What the copy buttons put on the clipboard (CR LF between lines).
+    Text locatorCopy() const;    ///< Command10
+    Text decimalCopy() const;    ///< Command11
+    Text dmsCopy() const;        ///< Command13
+    Text aprsCopy() const;       ///< Command15
+    Text everythingCopy() const; ///< Command9
+
+private:
+    void MaidenConvert(DistAzimuthTexts& form, Messages& messages);
+    void DecimalCoordinates(Messages& messages);
+    void WorldDMS();
+    void UIView(Messages& messages);
+};
+
+/// What a box of one line takes from a clipboard: the text without blanks (code 32) and line ends
+/// around it, and of several lines the first.
+TextView pastedLine(TextView clipboardText);
+
+/// Latitude and longitude as the web map is asked for them: the decimal boxes as they stand, but a
+/// text whose magnitude lies between 0 and 1 is written out (".5" becomes "0.5").
+struct MapQuery {
+    Text latitude;
+    Text longitude;
+};
+
+MapQuery mapQuery(const Converter& converter);
+
+} // namespace orbisgrid

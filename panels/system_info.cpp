@@ -1,0 +1,85 @@
+#include "panels/system_info.h"
+
+#include <array>
+#include <charconv>
+#include <string>
+#include <system_error>
+
+namespace orbisgrid {
+
+namespace {
+
+constexpr std::size_t bufferSize = 1024;
+
+/// The code of a character in hexadecimal, without leading zeros.
+std::string hexadecimal(char16_t character) {
+    std::array<char, 4> digits{};
+    const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(),
+                                            static_cast<unsigned>(character), 16);
+    return {digits.data(), end};
+}
+
+/// The decimal text of the number that hexadecimal digits denote.
+std::optional<Text> decimalOfHexadecimal(const std::string& digits) {
+    std::uint64_t number = 0;
+    const char* const end = digits.data() + digits.size();
+    const auto [stop, error] = std::from_chars(digits.data(), end, number, 16);
+    if (error != std::errc{} || stop != end)
+        return std::nullopt;
+    return fromUtf8(std::to_string(number));
+}
+
+std::optional<Text> numberText(TextView characters, TextView before) {
+    std::string digits = toUtf8(before);
+    for (const char16_t character : Text(characters.rbegin(), characters.rend()))
+        digits += hexadecimal(character);
+    return decimalOfHexadecimal(digits);
+}
+
+/// The value of an open key; nothing where it cannot be read.
+std::optional<Text> keyValue(ToolRegistry& registry, ToolRegistry::Key key, TextView name,
+                             TextView before) {
+    std::array<char16_t, bufferSize> buffer{};
+    const std::optional<ToolRegistry::Value> value = registry.query(key, name, buffer);
+    if (!value || value->size == 0 || value->size > buffer.size())
+        return std::nullopt;
+    TextView characters(buffer.data(), value->size);
+    if (characters.back() == u'\0')
+        characters.remove_suffix(1);
+    switch (value->type) {
+    case ToolRegistry::stringValue:
+        return Text(characters);
+    case ToolRegistry::numberValue:
+        return numberText(characters, before);
+    default:
+        return Text(before);
+    }
+}
+
+} // namespace
+
+bool GetKeyValue(ToolRegistry& registry, const std::uint32_t& KeyRoot, const Text& KeyName,
+                 const Text& SubKeyRef, Text& KeyVal) {
+    std::optional<Text> value;
+    if (const auto key = registry.open(KeyRoot, KeyName, ToolRegistry::allAccess)) {
+        value = keyValue(registry, *key, SubKeyRef, KeyVal);
+        registry.close(*key);
+    }
+    KeyVal = value.value_or(Text{});
+    return value.has_value();
+}
+
+std::optional<Text> systemInformationPath(ToolRegistry& registry,
+                                          const std::function<bool(const Text&)>& fileExists) {
+    Text path;
+    if (GetKeyValue(registry, ToolRegistry::localMachine,
+                    u"SOFTWARE\\Microsoft\\Shared Tools\\MSINFO", u"PATH", path))
+        return path;
+    if (!GetKeyValue(registry, ToolRegistry::localMachine,
+                     u"SOFTWARE\\Microsoft\\Shared Tools Location", u"MSINFO", path))
+        return std::nullopt;
+    path += u"\\MSINFO32.EXE";
+    return fileExists(path) ? std::optional(path) : std::nullopt;
+}
+
+} // namespace orbisgrid

@@ -1,0 +1,99 @@
+#include "panels/manual_search.h"
+#include "tests/support/table.h"
+
+#include <chrono>
+
+namespace orbisgrid {
+
+namespace {
+
+using test::Row;
+
+class ManualTextTest : public testing::TestWithParam<Row> {};
+
+TEST_P(ManualTextTest, EndsEachLineWithCrLf) {
+    EXPECT_EQ(toUtf8(manualText(GetParam().fields[0])), GetParam().fields[1]);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, ManualTextTest,
+                         testing::ValuesIn(test::readTable("manual_text.tsv", 2)), test::testName);
+
+TEST(ManualText, ReadsBytesThatAreNoUtf8AsTheOlderCodePage) {
+    EXPECT_EQ(manualText("50\xB0\n"), u"50°\r\n");
+}
+
+TEST(ManualText, KeepsZeroBytes) {
+    const std::string bytes("a\0b", 3);
+    EXPECT_EQ(manualText(bytes).size(), 5U);
+}
+
+/// A find as a row writes it: "what is typed>where it is found".
+struct Step {
+    std::string typed;
+    std::string expected;
+};
+
+std::vector<Step> stepsOf(const std::string& field) {
+    std::vector<Step> steps;
+    for (std::size_t start = 0; start <= field.size();) {
+        const std::size_t end = std::min(field.find('|', start), field.size());
+        const std::size_t arrow = field.find('>', start);
+        if (arrow >= end)
+            throw std::runtime_error("a find without its place: " + field);
+        steps.push_back(
+            {field.substr(start, arrow - start), field.substr(arrow + 1, end - arrow - 1)});
+        start = end + 1;
+    }
+    return steps;
+}
+
+std::string outcomeText(const ManualFind& find) {
+    switch (find.outcome) {
+    case ManualFind::Outcome::cancelled:
+        return "cancel";
+    case ManualFind::Outcome::nothingFound:
+        return "none";
+    case ManualFind::Outcome::found:
+        break;
+    }
+    return std::to_string(find.position);
+}
+
+class ManualSearchTest : public testing::TestWithParam<Row> {};
+
+TEST_P(ManualSearchTest, FindsStepByStep) {
+    const Row& row = GetParam();
+    ManualSearch search(row.text(0));
+    for (const Step& step : stepsOf(row.fields[1])) {
+        const Text typed = step.typed == "*" ? search.SearchString() : fromUtf8(step.typed);
+        const ManualFind find = search.DoTheSearch(typed);
+        EXPECT_EQ(outcomeText(find), step.expected) << "typed: " << step.typed;
+        const bool isFound = find.outcome == ManualFind::Outcome::found;
+        EXPECT_EQ(search.Found(), isFound);
+        EXPECT_EQ(find.length, isFound ? typed.size() : 0U);
+    }
+    EXPECT_EQ(toUtf8(search.SearchString()), row.fields[2]);
+    EXPECT_EQ(toUtf8(search.LastSearch()), row.fields[3]);
+    EXPECT_EQ(static_cast<double>(search.SearchPos()), row.number(4));
+    EXPECT_EQ(static_cast<double>(search.NextStart()), row.number(5));
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, ManualSearchTest,
+                         testing::ValuesIn(test::readTable("manual_search.tsv", 6)),
+                         test::testName);
+
+TEST(ManualSearch, IsLinearWhereTheTextNearlyMatchesEverywhere) {
+    // A plain search compares 5000 characters at each of 10 million places: many seconds.
+    Text manual;
+    manual.resize(10'000'000, u'a');
+    ManualSearch search(manual);
+    const auto start = std::chrono::steady_clock::now();
+    const ManualFind find = search.DoTheSearch(Text(5000, u'a') + u"b" + Text(5000, u'a'));
+    const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
+    EXPECT_EQ(find.outcome, ManualFind::Outcome::nothingFound);
+    EXPECT_LT(seconds.count(), 5.0);
+}
+
+} // namespace
+
+} // namespace orbisgrid
