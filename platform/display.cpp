@@ -1,0 +1,41 @@
+#include "platform/display.h"
+
+#include <QStringList>
+
+#include <xcb/xcb.h>
+
+namespace orbisgrid {
+
+namespace {
+
+bool needsNoDisplay(const QString& qpaPlatform) {
+    const QStringList withoutDisplay{QStringLiteral("offscreen"),  QStringLiteral("minimal"),
+                                     QStringLiteral("minimalegl"), QStringLiteral("vnc"),
+                                     QStringLiteral("linuxfb"),    QStringLiteral("eglfs")};
+    return withoutDisplay.contains(qpaPlatform.section(u';', 0, 0).section(u':', 0, 0));
+}
+
+bool xServerAnswers() {
+    xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
+    const bool answers = xcb_connection_has_error(connection) == 0;
+    xcb_disconnect(connection);
+    return answers;
+}
+
+} // namespace
+
+bool hasDisplay(const DisplayEnvironment& environment) {
+    return !environment.display.isEmpty() || !environment.waylandDisplay.isEmpty() ||
+           needsNoDisplay(environment.qpaPlatform);
+}
+
+bool isDesktopSession() {
+    return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+           (!qEnvironmentVariableIsEmpty("DISPLAY") && xServerAnswers());
+}
+
+bool isDisplayUsable() {
+    return needsNoDisplay(qEnvironmentVariable("QT_QPA_PLATFORM")) || isDesktopSession();
+}
+
+} // namespace orbisgrid

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <unistd.h>
+
+#include <utility>
+
+namespace orbisgrid {
+
+/// Owns a descriptor of the operating system and closes it. -1 means none.
+class FileDescriptor {
+public:
+    FileDescriptor() = default;
+
+    explicit FileDescriptor(int descriptor)
+        : m_descriptor(descriptor) {}
+
+    FileDescriptor(FileDescriptor&& other) noexcept
+        : m_descriptor(std::exchange(other.m_descriptor, -1)) {}
+
+    FileDescriptor& operator=(FileDescriptor&& other) noexcept {
+        std::swap(m_descriptor, other.m_descriptor);
+        return *this;
+    }
+
+    FileDescriptor(const FileDescriptor&) = delete;
+    FileDescriptor& operator=(const FileDescriptor&) = delete;
+
+    ~FileDescriptor() { close(); }
+
+    explicit operator bool() const { return m_descriptor >= 0; }
+
+    int get() const { return m_descriptor; }
+
+    /// Closes before the end of its life. Result: false when the system reports a failure, which on
+    /// some file systems is the first word of a write that did not reach its disk.
+    bool close() { return m_descriptor < 0 || ::close(std::exchange(m_descriptor, -1)) == 0; }
+
+private:
+    int m_descriptor = -1;
+};
+
+} // namespace orbisgrid

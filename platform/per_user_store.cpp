@@ -1,0 +1,64 @@
+#include "platform/per_user_store.h"
+
+#include "platform/safe_file.h"
+#include "settings/store_text.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSettings>
+
+#include <algorithm>
+#include <utility>
+
+namespace orbisgrid {
+
+namespace {
+
+/// The store's bytes; empty where there is no file yet; nothing where it cannot be read.
+std::optional<std::string> contentOf(const QString& path) {
+    const std::optional<std::string> content = readFile(path);
+    // Only what the system calls missing is: a question that fails is no answer, and a store that
+    // is taken for empty would be written without the groups of others. A link that leads to no
+    // file yet is no failure.
+    return content || !isMissing(path) ? content : std::string();
+}
+
+} // namespace
+
+PerUserStore::PerUserStore(QString filePath)
+    : m_filePath(std::move(filePath)) {}
+
+QString PerUserStore::defaultFilePath() {
+    const QString application = QString::fromUtf16(
+        settingsApplication.data(), static_cast<qsizetype>(settingsApplication.size()));
+    return QSettings(QSettings::IniFormat, QSettings::UserScope, application).fileName();
+}
+
+std::optional<Text> PerUserStore::read(TextView key, TextView defaultValue) const {
+    const std::optional<std::string> content = contentOf(m_filePath);
+    if (!content)
+        return std::nullopt;
+    return storedValue(*content, key).value_or(Text(defaultValue));
+}
+
+bool PerUserStore::write(const std::vector<Setting>& settings) {
+    constexpr auto ownerOnly = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+    const QDir folder = QFileInfo(m_filePath).dir();
+    if (!folder.exists() &&
+        !(QDir().mkpath(folder.path()) && QFile::setPermissions(folder.path(), ownerOnly)))
+        return false;
+    const std::optional<std::string> content = contentOf(m_filePath);
+    if (!content)
+        return false;
+    const bool holdsThem = std::all_of(settings.begin(), settings.end(), [&](const Setting& one) {
+        return storedValue(*content, one.key) == one.value;
+    });
+    if (holdsThem)
+        return isSavable(m_filePath);
+    // Not flushed: every start writes here before its window shows, and what a loss of power could
+    // take is a count of starts.
+    return saveFile(m_filePath, withStoredValues(*content, settings), Flush::later);
+}
+
+} // namespace orbisgrid

@@ -1,0 +1,29 @@
+// A program of the tests: says what the functions answer in a process of its own, without a
+// QCoreApplication.
+
+#include "platform/home_folder.h"
+#include "platform/per_user_store.h"
+#include "platform/program_folder.h"
+#include "settings/use_counter.h"
+
+#include <cstdio>
+#include <string_view>
+
+int main(int argc, char** argv) {
+    const std::string_view question = argc > 1 ? argv[1] : "";
+    if (question == "program-folder")
+        std::puts(orbisgrid::programFolder().toUtf8().constData());
+    else if (question == "store-path")
+        std::puts(orbisgrid::PerUserStore::defaultFilePath().toUtf8().constData());
+    else if (question == "home") {
+        orbisgrid::provideHome();
+        std::puts(qEnvironmentVariable("HOME").toUtf8().constData());
+    } else if (question == "start") {
+        orbisgrid::PerUserStore store;
+        if (!orbisgrid::RegistryStuff(store, orbisgrid::programFolder().toStdU16String(), u"3.1.1"))
+            return 3;
+        std::printf("%d\n", orbisgrid::advanceUseCounter(store));
+    } else
+        return 2;
+    return 0;
+}
