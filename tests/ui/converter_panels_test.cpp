@@ -1,0 +1,469 @@
+#include "tests/support/table.h"
+#include "tests/ui/main_window_fixture.h"
+#include "ui/qt_text.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QMenu>
+#include <QTimer>
+
+using namespace orbisgrid;
+
+namespace {
+
+QString clipboardText() {
+    return QGuiApplication::clipboard()->text();
+}
+
+void setClipboard(const char* text) {
+    QGuiApplication::clipboard()->setText(QString::fromUtf8(text));
+}
+
+/// What the rows call the panels, as the objectNames of boxes and OK button.
+struct PanelControls {
+    std::vector<const char*> boxes;
+    const char* ok;
+};
+
+PanelControls controlsOf(QChar panel) {
+    switch (panel.unicode()) {
+    case u'L':
+        return {{"txtLocator"}, "cmdOKLocator"};
+    case u'D':
+        return {{"txtDecLat", "txtDecLong"}, "cmdOKDecimal"};
+    case u'M':
+        return {{"txtlatdms_0", "txtlatdms_1", "txtlatdms_2", "cmbDmsNS", "txtlondms_0",
+                 "txtlondms_1", "txtlondms_2", "cmbDmsWE"},
+                "cmdOkDMS"};
+    default:
+        return {{"txtUIView"}, "cmdOkUIView"};
+    }
+}
+
+} // namespace
+
+class ConverterPanelsTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+
+    void init() { m_main = std::make_unique<test::MainWindow>(); }
+
+    void cleanup() {
+        QVERIFY(m_main->watchdog().allCame());
+        m_main.reset();
+    }
+
+    void captionsAndTips_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("tip");
+        const auto row = [](const char* control, const char* text, const char* tip) {
+            QTest::newRow(control) << QString::fromUtf8(text) << QString::fromUtf8(tip);
+        };
+        row("Label1", "Maidenhead:", "");
+        row("txtLocator", "", "Maidenhead locator, Example: JO20AW");
+        row("cmdOKLocator", "", "Convert from the locator");
+        row("Command10", "", "copy to clipboard");
+        row("Command9", "", "copy all to clipboard");
+        row("Label17", "Latitude:", "");
+        row("Label16", "Longitude:", "");
+        row("txtDecLat", "", "Latitude decimal (South = negative)");
+        row("txtDecLong", "", "Longitude decimal (West = negative)");
+        row("lblDecNS", "N", "");
+        row("lblDecEW", "E", "");
+        row("cmdOKDecimal", "", "Convert from decimal degrees");
+        row("Command11", "", "copy to clipboard");
+        row("Label27", "Latitude:", "");
+        row("Label28", "Longitude:", "");
+        row("txtlatdms_0", "", "degrees (0...90)");
+        row("txtlatdms_1", "", "minutes (0...60)");
+        row("txtlatdms_2", "", "seconds (0...60)");
+        row("txtlondms_0", "", "degrees (0...180)");
+        row("txtlondms_1", "", "minutes (0...60)");
+        row("txtlondms_2", "", "seconds (0...60)");
+        row("cmbDmsNS", "", "Compass direction: North/South");
+        row("cmbDmsWE", "", "Compass direction: East/West");
+        row("Label29_0", "°", "");
+        row("Label29_1", "°", "");
+        row("Label30_0", "'", "");
+        row("Label30_1", "'", "");
+        row("Label3", "\"", "");
+        row("Label4", "\"", "");
+        row("cmdOkDMS", "", "Convert from degrees/minutes/seconds");
+        row("Command13", "", "copy to clipboard");
+        row("Label2", "APRS-string:", "");
+        row("txtUIView", "", "UI-View uncompressed format (example: =5056.17N/00402.67E)");
+        row("cmdOkUIView", "", "Convert from the UI-View text");
+        row("Label11", "Compressed:", "");
+        row("lblCompressed", "", "");
+        row("Command15", "", "copy to clipboard");
+        row("Command2", "Command2", "");
+    }
+
+    void captionsAndTips() {
+        QFETCH(const QString, text);
+        QFETCH(const QString, tip);
+        m_main->open();
+        const auto& control = m_main->child<QWidget>(QString::fromLatin1(QTest::currentDataTag()));
+        QCOMPARE(control.property("text").toString(), text);
+        QCOMPARE(control.toolTip(), tip);
+    }
+
+    void framesAndHemispheres() {
+        m_main->open();
+        QStringList texts;
+        for (const QLabel* label : m_main->window().findChildren<QLabel*>())
+            texts.append(label->text());
+        for (const char* caption :
+             {"Maidenhead IARU Locator", "Decimal", "Degrees/minutes/seconds", "UI-View format"})
+            QVERIFY2(texts.contains(QString::fromLatin1(caption)), caption);
+        QCOMPARE(m_main->list("cmbDmsNS").itemText(0), QStringLiteral("N"));
+        QCOMPARE(m_main->list("cmbDmsNS").itemText(1), QStringLiteral("S"));
+        QCOMPARE(m_main->list("cmbDmsWE").itemText(0), QStringLiteral("E"));
+        QCOMPARE(m_main->list("cmbDmsWE").itemText(1), QStringLiteral("W"));
+        QCOMPARE(m_main->list("cmbDmsNS").currentIndex(), 0);
+        QCOMPARE(m_main->list("cmbDmsWE").currentIndex(), 0);
+        QVERIFY(!m_main->button("Command2").isVisible());
+    }
+
+    void chains_data() {
+        QTest::addColumn<QStringList>("fields");
+        for (const test::Row& row : test::readTable("converter_chains.tsv", 9)) {
+            QStringList fields;
+            for (const std::string& field : row.fields)
+                fields.append(QString::fromStdString(field));
+            QTest::newRow(row.name.c_str()) << fields;
+        }
+    }
+
+    /// The rows of the panels' own test, this time typed into the boxes and started with the
+    /// buttons.
+    void chains() {
+        QFETCH(const QStringList, fields);
+        m_main->open();
+        announceMessages(fields.at(0), fields.at(1).toInt());
+        for (const QString& action : fields.at(0).split(QStringLiteral(" | ")))
+            act(action);
+        QCOMPARE(m_main->text("txtLocator"), fields.at(2));
+        QCOMPARE(m_main->text("txtDecLat"), fields.at(3));
+        QCOMPARE(m_main->text("txtDecLong"), fields.at(4));
+        QCOMPARE(shownDms("txtlatdms", "cmbDmsNS"), fields.at(5));
+        QCOMPARE(shownDms("txtlondms", "cmbDmsWE"), fields.at(6));
+        QCOMPARE(m_main->text("txtUIView"), fields.at(7));
+        QCOMPARE(m_main->text("lblCompressed"), fields.at(8));
+    }
+
+    void messages() {
+        m_main->open();
+        const QString title = QStringLiteral("Orbisgrid");
+        auto& watchdog = m_main->watchdog();
+        watchdog.expectMessageBox(
+            QStringLiteral("A Maidenhead locator needs at least 4 characters. Examples: JO20, "
+                           "FN10, JO20AW..."),
+            QStringLiteral("Input error"), QMessageBox::Warning);
+        m_main->type("txtLocator", QStringLiteral("JO2"));
+        m_main->click("cmdOKLocator");
+        QCOMPARE(m_main->focus(), QStringLiteral("txtLocator"));
+        watchdog.expectMessageBox(QStringLiteral("Invalid entry"), title, QMessageBox::NoIcon);
+        m_main->click("cmdOKDecimal");
+        QCOMPARE(m_main->focus(), QStringLiteral("picFocus"));
+        watchdog.expectMessageBox(
+            QStringLiteral("Could not calculate/convert locator. Please check the input fields "
+                           "for correct values. "),
+            title, QMessageBox::NoIcon);
+        m_main->click("cmdOkDMS");
+        watchdog.expectMessageBox(
+            QStringLiteral("Could not calculate/convert locator. Please check the input fields "
+                           "for correct values."),
+            title, QMessageBox::NoIcon);
+        m_main->type("txtlatdms_0", QStringLiteral("50"));
+        m_main->click("cmdOkDMS");
+        watchdog.expectMessageBox(QStringLiteral("Locator has an invalid format."),
+                                  QStringLiteral("Invalid Locator"), QMessageBox::Information);
+        m_main->type("txtLocator", QStringLiteral("JOJO"));
+        m_main->click("cmdOKLocator");
+    }
+
+    void aRefusalOfDegreesLeavesTheFocus() {
+        m_main->open();
+        const QString text =
+            QStringLiteral("Could not calculate/convert locator. Please check the input fields "
+                           "for correct values.");
+        const QString title = QStringLiteral("Orbisgrid");
+        m_main->watchdog().expectMessageBox(text + u' ', title, QMessageBox::NoIcon);
+        m_main->pressEnter("txtlondms_2");
+        QCOMPARE(m_main->focus(), QStringLiteral("txtlondms_2"));
+        m_main->edit("txtlatdms_0").setText(QStringLiteral("50"));
+        m_main->watchdog().expectMessageBox(text, title, QMessageBox::NoIcon);
+        m_main->pressEnter("txtlondms_2");
+        QCOMPARE(m_main->focus(), QStringLiteral("txtlondms_2"));
+    }
+
+    void aLocatorIsSelectedAfterItsConversion() {
+        m_main->open();
+        m_main->type("txtLocator", QStringLiteral("jo20aw"));
+        m_main->pressEnter("txtLocator", Qt::Key_Enter);
+        QCOMPARE(m_main->edit("txtLocator").selectedText(), QStringLiteral("JO20AW"));
+        QCOMPARE(m_main->focus(), QStringLiteral("picFocus"));
+    }
+
+    void enterChain_data() {
+        QTest::addColumn<QString>("next");
+        const auto row = [](const char* control, const char* next) {
+            QTest::newRow(control) << QString::fromLatin1(next);
+        };
+        row("txtDecLat", "cmbDmsNS");
+        row("txtDecLong", "cmbDmsWE");
+        row("txtlatdms_0", "txtlatdms_0");
+        row("txtlatdms_1", "txtlatdms_1");
+        row("txtlatdms_2", "txtlondms_0");
+        row("cmbDmsNS", "txtlondms_0");
+        row("txtlondms_0", "txtlondms_0");
+        row("txtlondms_1", "txtlondms_1");
+        row("txtlondms_2", "picFocus");
+        row("cmbDmsWE", "picFocus");
+        row("txtUIView", "picFocus");
+    }
+
+    void enterChain() {
+        QFETCH(const QString, next);
+        m_main->open();
+        m_main->edit("txtlatdms_0").setText(QStringLiteral("50"));
+        m_main->edit("txtlondms_0").setText(QStringLiteral("4"));
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+            m_main->pressEnter(QTest::currentDataTag(), key);
+            QCOMPARE(m_main->focus(), next);
+        }
+    }
+
+    void copies_data() {
+        QTest::addColumn<QString>("text");
+        const auto row = [](const char* button, const char* text) {
+            QTest::newRow(button) << QString::fromUtf8(text);
+        };
+        row("Command10", "Maidenhead Locator:JO20AW\r\n");
+        row("Command11", "Latitude: 50.937\r\nLongitude: 4.04166\r\n");
+        row("Command13", "World Latitude:50°56'13 N\r\nWorld Longitude:4°2'30 E\r\n");
+        row("Command15", "UI-View string:=5056.13N/00402.30E\r\nCompressed:=/4drbOOx2-  B");
+        row("Command9", "Maidenhead Locator:JO20AW\r\nDecimal Latitude: 50.937\r\n"
+                        "Decimal Longitude: 4.04166\r\nWorld Latitude:50°56'13N\r\n"
+                        "World Longitude:4°2'30E\r\nUI-View string:=5056.13N/00402.30E\r\n"
+                        "APRS Compressed:=/4drbOOx2-  B");
+    }
+
+    void copies() {
+        QFETCH(const QString, text);
+        m_main->open();
+        m_main->type("txtLocator", QStringLiteral("jo20aw"));
+        m_main->click("cmdOKLocator");
+        m_main->edit("txtDecLat").setFocus();
+        m_main->click(QTest::currentDataTag());
+        QCOMPARE(clipboardText(), text);
+        QCOMPARE(m_main->focus(), QStringLiteral("picFocus"));
+    }
+
+    void lettersAreUpperCasedAsTheyAreTyped() {
+        m_main->open();
+        m_main->type("txtLocator", QStringLiteral("jo20aw"));
+        QCOMPARE(m_main->text("txtLocator"), QStringLiteral("JO20AW"));
+    }
+
+    void leavingTheLocatorBoxUpperCasesAndDeselects() {
+        m_main->open();
+        QLineEdit& box = m_main->edit("txtLocator");
+        box.setFocus();
+        box.setText(QStringLiteral("jo20"));
+        box.selectAll();
+        m_main->edit("txtDecLat").setFocus();
+        QCOMPARE(box.text(), QStringLiteral("JO20"));
+        QVERIFY(!box.hasSelectedText());
+    }
+
+    void clickingAShortBoxSelectsIt() {
+        m_main->open();
+        QLineEdit& box = m_main->edit("txtlondms_0");
+        box.setText(QStringLiteral("-123"));
+        QTest::mouseClick(&box, Qt::LeftButton);
+        QCOMPARE(box.selectedText(), QStringLiteral("-12"));
+    }
+
+    void lettersFollowEveryKeystroke() {
+        m_main->open();
+        m_main->type("txtDecLat", QStringLiteral("-"));
+        QCOMPARE(m_main->text("lblDecNS"), QStringLiteral("N"));
+        m_main->type("txtDecLat", QStringLiteral("-5"));
+        QCOMPARE(m_main->text("lblDecNS"), QStringLiteral("S"));
+        m_main->edit("txtDecLong").setText(QStringLiteral("-0.1"));
+        QCOMPARE(m_main->text("lblDecEW"), QStringLiteral("W"));
+        m_main->edit("txtDecLong").clear();
+        QCOMPARE(m_main->text("lblDecEW"), QStringLiteral("E"));
+    }
+
+    void aPasteIntoABoxLosesItsLineEnd() {
+        m_main->open();
+        setClipboard("50.9375\r\n");
+        m_main->edit("txtDecLat").setFocus();
+        m_main->edit("txtDecLat").paste();
+        QCOMPARE(m_main->text("txtDecLat"), QStringLiteral("50.9375"));
+    }
+
+    void menu_data() {
+        QTest::addColumn<QString>("entry");
+        QTest::addColumn<QString>("clipboard");
+        QTest::addColumn<QString>("box");
+        QTest::addColumn<QString>("text");
+        const auto row = [](const char* name, const char* entry, const char* clipboard,
+                            const char* box, const char* text) {
+            QTest::newRow(name) << QString::fromLatin1(entry) << QString::fromUtf8(clipboard)
+                                << QString::fromLatin1(box) << QString::fromUtf8(text);
+        };
+        row("paste", "mnuPasted", " fn42aa\r\n", "txtLocator", "FN42AA");
+        row("paste nothing", "mnuPasted", "", "txtLocator", "");
+        row("paste here", "mnuPaste_3", "\nfn42\n", "txtLocator", "FN42");
+        row("into Home", "mnuPaste_0", "x", "txtHome", "JO20AW");
+        row("into Target", "mnuPaste_1", "x", "txtTarget", "JO20AW");
+    }
+
+    void menu() {
+        QFETCH(const QString, entry);
+        QFETCH(const QString, clipboard);
+        QFETCH(const QString, box);
+        QFETCH(const QString, text);
+        m_main->open();
+        QGuiApplication::clipboard()->setText(clipboard);
+        m_main->edit("txtLocator").setText(QStringLiteral(" jo20aw "));
+        chooseFromMenu(entry);
+        QCOMPARE(m_main->child<QLineEdit>(box).text(), text);
+    }
+
+    void menuCopies() {
+        m_main->open();
+        m_main->edit("txtLocator").setText(QStringLiteral(" jo20aw "));
+        chooseFromMenu(QStringLiteral("mnuPaste_5"));
+        QCOMPARE(clipboardText(), QStringLiteral("JO20AW"));
+    }
+
+    void menuHasItsEntriesInOrder() {
+        m_main->open();
+        m_main->edit("txtLocator").setText(QStringLiteral("JO20"));
+        QStringList captions;
+        withMenu([&](QMenu& menu) {
+            QCOMPARE(menu.objectName(), QStringLiteral("mnuOptions"));
+            for (const QAction* action : menu.actions())
+                captions.append(action->isSeparator() ? QStringLiteral("-") : action->text());
+            QVERIFY(!m_main->edit("txtLocator").isEnabled());
+            menu.close();
+        });
+        const QStringList wanted{QStringLiteral("Paste"),
+                                 QStringLiteral("-"),
+                                 QStringLiteral("Paste into Home:"),
+                                 QStringLiteral("Paste into Target:"),
+                                 QStringLiteral("-"),
+                                 QStringLiteral("Paste here"),
+                                 QStringLiteral("-"),
+                                 QStringLiteral("Copy")};
+        QCOMPARE(captions, wanted);
+        QVERIFY(m_main->edit("txtLocator").isEnabled());
+        QVERIFY(m_main->edit("txtLocator").updatesEnabled());
+        QCOMPARE(m_main->focus(), QStringLiteral("txtLocator"));
+    }
+
+    void aShortTextHasTheBoxsOwnMenu() {
+        m_main->open();
+        m_main->edit("txtLocator").setText(QStringLiteral("JO2"));
+        withMenu([&](QMenu& menu) {
+            QVERIFY(menu.objectName() != QStringLiteral("mnuOptions"));
+            menu.close();
+        });
+    }
+
+    void testButtonShowsADistance() {
+        m_main->open();
+        m_main->button("Command2").click();
+        QCOMPARE(m_main->text("Label1"), QStringLiteral("134.767616"));
+    }
+
+private:
+    void act(const QString& action) {
+        const PanelControls controls = controlsOf(action.front());
+        const QStringList typed = action.mid(2).split(u';');
+        for (std::size_t i = 0; i < controls.boxes.size(); ++i)
+            fill(controls.boxes[i], typed.at(static_cast<qsizetype>(i)));
+        m_main->click(controls.ok);
+    }
+
+    void fill(const char* name, const QString& text) {
+        auto& control = m_main->child<QWidget>(QString::fromLatin1(name));
+        if (auto* list = qobject_cast<QComboBox*>(&control))
+            list->setCurrentText(text);
+        else
+            m_main->edit(name).setText(text.left(m_main->edit(name).maxLength()));
+    }
+
+    /// The rows count messages; which one it is follows from the panel of the last action.
+    void announceMessages(const QString& actions, int count) {
+        if (count == 0)
+            return;
+        const QString last = actions.split(QStringLiteral(" | ")).last();
+        const QString title = QStringLiteral("Orbisgrid");
+        auto& watchdog = m_main->watchdog();
+        const QString couldNot =
+            QStringLiteral("Could not calculate/convert locator. Please check the input fields "
+                           "for correct values.");
+        if (last.startsWith(u'D')) {
+            watchdog.expectMessageBox(QStringLiteral("Invalid entry"), title, QMessageBox::NoIcon);
+        } else if (last.startsWith(u'M')) {
+            const bool isLatitude = !last.startsWith(QStringLiteral("M 50;"));
+            watchdog.expectMessageBox(isLatitude ? couldNot + u' ' : couldNot, title,
+                                      QMessageBox::NoIcon);
+        } else if (last.mid(2).trimmed().size() < 4) {
+            watchdog.expectMessageBox(
+                QStringLiteral("A Maidenhead locator needs at least 4 characters. Examples: "
+                               "JO20, FN10, JO20AW..."),
+                QStringLiteral("Input error"), QMessageBox::Warning);
+        } else {
+            watchdog.expectMessageBox(QStringLiteral("Locator has an invalid format."),
+                                      QStringLiteral("Invalid Locator"), QMessageBox::Information);
+        }
+    }
+
+    QString shownDms(const char* boxes, const char* list) {
+        QStringList parts;
+        for (int i = 0; i < 3; ++i) {
+            const QByteArray name = QByteArray(boxes) + '_' + QByteArray::number(i);
+            parts.append(m_main->text(name.constData()));
+        }
+        parts.append(m_main->list(list).currentText());
+        return parts.join(u' ');
+    }
+
+    /// Opens the locator box's menu with the right mouse button and hands it over.
+    void withMenu(const std::function<void(QMenu&)>& use) {
+        bool wasUsed = false;
+        QTimer::singleShot(50, &m_main->window(), [&] {
+            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            QVERIFY(menu != nullptr);
+            wasUsed = true;
+            use(*menu);
+        });
+        QLineEdit& box = m_main->edit("txtLocator");
+        const QPoint middle = box.mapTo(&m_main->window(), box.rect().center());
+        QTest::mousePress(m_main->window().windowHandle(), Qt::RightButton, {}, middle);
+        QTRY_VERIFY(wasUsed);
+        QTest::mouseRelease(m_main->window().windowHandle(), Qt::RightButton, {}, middle);
+    }
+
+    void chooseFromMenu(const QString& entry) {
+        withMenu([&](QMenu& menu) {
+            auto* action = menu.findChild<QAction*>(entry);
+            QVERIFY(action != nullptr);
+            action->trigger();
+            menu.close();
+        });
+    }
+
+    std::unique_ptr<test::MainWindow> m_main;
+};
+
+QTEST_MAIN(ConverterPanelsTest)
+#include "converter_panels_test.moc"

@@ -1,0 +1,90 @@
+#include "tests/ui/main_window_fixture.h"
+
+#include "ui/version.h"
+
+#include <QSignalBlocker>
+
+namespace orbisgrid::test {
+
+QByteArray emptyIni() {
+    return IniContent{}.bytes();
+}
+
+QByteArray IniContent::bytes() const {
+    QStringList lines{QStringLiteral(";Orbisgrid"),       titleNote,
+                      QStringLiteral("[Default home]"),   defaultHome,
+                      QStringLiteral("[Default Target]"), defaultTarget,
+                      QStringLiteral("[StayonTop]"),      stayOnTop,
+                      QStringLiteral("[Home data]")};
+    lines += homeList.split(u',', Qt::SkipEmptyParts);
+    lines += {QStringLiteral("[**end**]"), QStringLiteral("[Target data]")};
+    lines += targetList.split(u',', Qt::SkipEmptyParts);
+    lines += {QStringLiteral("[**end**]"),
+              QStringLiteral("[NoCheckWebUpdates]"),
+              noCheckWebUpdates,
+              QStringLiteral("[RememberPosition]"),
+              rememberPosition,
+              QStringLiteral("[Left]"),
+              left,
+              QStringLiteral("[Top]"),
+              top,
+              QString()};
+    return lines.join(QStringLiteral("\r\n")).toUtf8();
+}
+
+MainWindow::MainWindow() = default;
+
+void MainWindow::open(const QByteArray& ini) {
+    m_box.writeProgramFile(QStringLiteral("Orbisgrid.ini"), ini);
+    m_store = std::make_unique<PerUserStore>(m_box.configFolder() + QStringLiteral("/ZZ9QX.ini"));
+    m_window = std::make_unique<LocatorConverter>(
+        Surroundings{*m_store, m_box.programFolder(), [this] { return m_isOnline; }, m_registry});
+    m_window->Form_Load();
+    m_window->show();
+    m_window->activateWindow();
+    if (!QTest::qWaitForWindowActive(m_window.get()))
+        qFatal("the window does not become active");
+}
+
+void MainWindow::close() {
+    m_window->close();
+    m_window.reset();
+}
+
+QString MainWindow::text(const char* name) {
+    return child<QWidget>(QString::fromLatin1(name)).property("text").toString();
+}
+
+void MainWindow::type(const char* name, const QString& text) {
+    QLineEdit& box = edit(name);
+    box.setFocus();
+    box.selectAll();
+    QTest::keyClick(&box, Qt::Key_Delete);
+    QTest::keyClicks(&box, text);
+}
+
+void MainWindow::click(const char* name) {
+    QTest::mouseClick(&button(name), Qt::LeftButton);
+}
+
+void MainWindow::pressEnter(const char* name, Qt::Key key) {
+    auto& widget = child<QWidget>(QString::fromLatin1(name));
+    widget.setFocus();
+    QTest::keyClick(&widget, key);
+}
+
+QString MainWindow::focus() const {
+    const QWidget* widget = m_window->focusWidget();
+    return widget == nullptr ? QString() : widget->objectName();
+}
+
+QString MainWindow::iniPath() const {
+    return m_box.programFolder() + QStringLiteral("/Orbisgrid.ini");
+}
+
+QStringList MainWindow::iniLines() {
+    const auto bytes = m_box.programFile(QStringLiteral("Orbisgrid.ini"));
+    return QString::fromUtf8(bytes.value_or(QByteArray())).split(QStringLiteral("\r\n"));
+}
+
+} // namespace orbisgrid::test

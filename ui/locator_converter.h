@@ -1,0 +1,92 @@
+#pragma once
+
+#include "panels/locator_converter_form.h"
+#include "settings/locator_list_ini.h"
+#include "settings/settings_store.h"
+#include "ui/window_messages.h"
+
+#include <QString>
+#include <QWidget>
+
+#include <cstdint>
+#include <functional>
+
+class QCheckBox;
+class QLayout;
+class QPushButton;
+class QToolButton;
+
+namespace orbisgrid {
+
+class ConverterPanels;
+class HomeTargetPanel;
+class ToolRegistry;
+
+/// What the main window needs of the machine. Handed in, so that a test hands in another one.
+struct Surroundings {
+    SettingsStore& store;
+    QString programFolder; ///< where Orbisgrid.ini and Readme.txt lie; no separator at its end
+    std::function<bool()> isOnline;
+    ToolRegistry& registry; ///< of the About window
+};
+
+/// The main window: both panels, the window's own options and buttons, and what happens at start
+/// and end.
+class LocatorConverter : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit LocatorConverter(Surroundings surroundings, QWidget* parent = nullptr);
+
+    /// What happens at start, in its order: the INI file, pending events, the use counter, the
+    /// online test. To be called once, before the window is shown; the settings store has recorded
+    /// path and version by then. Does not return without an INI file (see LoadINI).
+    void Form_Load();
+
+    /// Writes the INI file: lists, defaults, options and the window's position. No failure is
+    /// reported.
+    void SaveINI();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void fitToScreen(QWidget* content);
+    QLayout* optionsLine();
+    void makeShortcuts();
+    void connectParts();
+
+    /// Without an INI file the reading loop has no end: the program is to be put right by whoever
+    /// removed the file, not to start with empty lists and write them over his own later.
+    void LoadINI();
+    void moveToSavedPosition();
+    void checkWebUpdates();
+    void Form_Unload();
+
+    void chkOnTop_Click(bool isOn);
+    void cmdRefresh_Click();
+    void cmdExit_Click();
+    void cmdHelp_Click();
+    void cmdAbout_Click();
+    void cmdShowMapURL_Click() const;
+    void showForm();
+
+    QString iniPath() const;
+
+    Surroundings m_surroundings;
+    LocatorConverterForm m_form;
+    LocatorListIni m_ini; ///< what no control holds: the note, the two switches
+    std::int32_t m_useCounter = 0;
+    WindowMessages m_messages;
+    QWidget* m_picFocus; ///< takes the focus so that no box keeps a selection
+    HomeTargetPanel* m_homeTarget;
+    ConverterPanels* m_converter;
+    QCheckBox* m_chkOnTop;
+    QToolButton* m_cmdRefresh;
+    QPushButton* m_cmdHelp;
+    QPushButton* m_cmdAbout;
+    QPushButton* m_cmdExit;
+};
+
+} // namespace orbisgrid

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace orbisgrid {
+
+/// Whether the machine has a way to the internet.
+bool IsOnline();
+
+/// Keeps the main window above all others, or no longer. Works before it is shown, too.
+void SetTopMost(QWidget& mainWindow, bool onTop);
+
+/// Opens a web page with the desktop's browser. An empty text becomes the author's home page, in
+/// the caller's variable too. Whether it opened is not looked at.
+void OpenWebPage(QString& text);
+
+/// Opens a mail to the author with the desktop's mail program. The subject names the program and
+/// its version's numbers, deliberately without points between them ("Orbisgrid v311").
+void MailAuthor();
+
+} // namespace orbisgrid

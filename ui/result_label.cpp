@@ -1,0 +1,48 @@
+#include "ui/result_label.h"
+
+#include <QFocusEvent>
+
+namespace orbisgrid {
+
+ResultLabel::ResultLabel(QWidget* parent)
+    : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+    setFocusPolicy(Qt::StrongFocus);
+    setCursor(Qt::IBeamCursor);
+}
+
+/// What makes a text selectable is a whole document behind the label. It is made when somebody
+/// comes near, not at the start of the program.
+void ResultLabel::makeSelectable() {
+    if (textInteractionFlags() != Qt::LinksAccessibleByMouse)
+        return;
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setFocusPolicy(Qt::StrongFocus); // the flags alone would let only a click in
+}
+
+bool ResultLabel::event(QEvent* event) {
+    switch (event->type()) {
+    case QEvent::FocusIn:
+    case QEvent::MouseButtonPress:
+    case QEvent::ContextMenu:
+        makeSelectable();
+        break;
+    default:
+        break;
+    }
+    return QLabel::event(event);
+}
+
+void ResultLabel::focusInEvent(QFocusEvent* event) {
+    QLabel::focusInEvent(event);
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
+        setSelection(0, static_cast<int>(text().size()));
+}
+
+void ResultLabel::focusOutEvent(QFocusEvent* event) {
+    QLabel::focusOutEvent(event);
+    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason)
+        setSelection(0, 0);
+}
+
+} // namespace orbisgrid
