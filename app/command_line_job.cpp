@@ -1,0 +1,80 @@
+#include "app/command_line_job.h"
+
+#include "platform/clipboard_keeper.h"
+#include "platform/display.h"
+#include "platform/endless_wait.h"
+#include "platform/safe_file.h"
+#include "ui/window_messages.h"
+
+#include <QApplication>
+
+#include <algorithm>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+namespace orbisgrid {
+
+namespace {
+
+/// Keeps the messages until the clipboard has its keeper: a box needs a QApplication, and after
+/// that no process can be split off safely.
+class KeptMessages : public Messages {
+public:
+    void show(const Message& message) override { m_messages.push_back(message); }
+
+    const std::vector<Message>& messages() const { return m_messages; }
+
+private:
+    std::vector<Message> m_messages;
+};
+
+std::string forTerminal(const Text& text) {
+    std::string bytes = toUtf8(text);
+    std::erase(bytes, '\r');
+    if (!bytes.ends_with('\n'))
+        bytes += '\n';
+    return bytes;
+}
+
+bool print(std::FILE* stream, const Text& text) {
+    const std::string bytes = forTerminal(text);
+    const bool isWritten = std::fwrite(bytes.data(), 1, bytes.size(), stream) == bytes.size();
+    return std::fflush(stream) == 0 && isWritten;
+}
+
+} // namespace
+
+void reportWithoutWindow(const Message& message, int& argc, char** argv) {
+    if (isDesktopSession()) {
+        const QApplication application(argc, argv);
+        showMessageBox(nullptr, message);
+    } else {
+        print(stderr, message.text);
+    }
+}
+
+int runCommandLineJob(const CommandLine& commandLine, const QString& programFolder, int& argc,
+                      char** argv) {
+    // The window reads the file before it looks at the command line, and so does a job: nothing of
+    // it is needed, but without it the program does not start.
+    if (!readFile(programFolder + QStringLiteral("/Orbisgrid.ini")))
+        waitEndlessly();
+    LocatorConverterForm form;
+    KeptMessages kept;
+    const JobResult result = runJob(commandLine, form, kept);
+
+    ClipboardHandover clipboard = ClipboardHandover::start(toUtf8(result.clipboard));
+    bool isPrinted = true;
+    if (!result.refused)
+        isPrinted = print(stdout, result.printed);
+    const bool isCopied = clipboard.wait();
+    if (!isCopied &&
+        hasDisplay({qEnvironmentVariable("DISPLAY"), qEnvironmentVariable("WAYLAND_DISPLAY"), {}}))
+        static_cast<void>(std::fputs("orbisgrid: the clipboard could not be reached.\n", stderr));
+    for (const Message& message : kept.messages())
+        reportWithoutWindow(message, argc, argv);
+    return result.refused || !isPrinted ? 1 : 0;
+}
+
+} // namespace orbisgrid
