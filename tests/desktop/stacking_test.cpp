@@ -1,0 +1,73 @@
+#include "platform/stacking.h"
+#include "tests/desktop/keepers.h"
+#include "tests/support/child.h"
+#include "tests/support/x_server.h"
+
+#include <QGuiApplication>
+#include <QRasterWindow>
+
+#include <gtest/gtest.h>
+
+namespace orbisgrid {
+
+namespace {
+
+using test::comesTrue;
+using test::shell;
+
+bool isAbove(const QWindow& window) {
+    QCoreApplication::processEvents();
+    return shell("xprop -id " + std::to_string(window.winId()) + " _NET_WM_STATE")
+               .output.find("_NET_WM_STATE_ABOVE") != std::string::npos;
+}
+
+/// Position of a window's frame and whether it is on the screen, as the server has it.
+std::string placeOf(const QWindow& window) {
+    return shell("xwininfo -id " + std::to_string(window.winId()) +
+                 " | grep -E 'Absolute|Map State'")
+        .output;
+}
+
+class HideCounter : public QObject {
+public:
+    int hides = 0;
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        hides += event->type() == QEvent::Hide ? 1 : 0;
+        return false;
+    }
+};
+
+/// One test for everything: a process has one QGuiApplication.
+TEST(Stacking, WindowStaysInPlaceWhileItGoesUpAndDown) {
+    test::XServer server;
+    server.useInThisProcess();
+    server.startWindowManager();
+    int count = 0;
+    const QGuiApplication application(count, nullptr);
+
+    QRasterWindow window;
+    window.setGeometry(200, 150, 300, 200);
+    window.create();
+    setTopMost(window, true);
+    EXPECT_FALSE(window.isVisible());
+    window.show();
+    EXPECT_TRUE(comesTrue([&] { return isAbove(window); })) << "set before it was shown";
+    EXPECT_TRUE(comesTrue([&] { return placeOf(window).find("IsViewable") != std::string::npos; }));
+
+    HideCounter counter;
+    window.installEventFilter(&counter);
+    const std::string place = placeOf(window);
+    const WId id = window.winId();
+    setTopMost(window, false);
+    EXPECT_TRUE(comesTrue([&] { return !isAbove(window); }));
+    setTopMost(window, true);
+    EXPECT_TRUE(comesTrue([&] { return isAbove(window); }));
+    EXPECT_EQ(window.winId(), id);
+    EXPECT_EQ(placeOf(window), place);
+    EXPECT_EQ(counter.hides, 0);
+}
+
+} // namespace
+
+} // namespace orbisgrid

@@ -1,0 +1,315 @@
+#include "tests/desktop/program.h"
+#include "tests/support/x_server.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <thread>
+
+namespace orbisgrid {
+
+namespace {
+
+using test::Program;
+using test::shell;
+using test::waitForWindow;
+using test::xdotool;
+
+/// The window of the real program under a real window manager.
+class WindowDesktopTest : public testing::Test {
+protected:
+    void SetUp() override {
+        m_server.useInThisProcess();
+        m_server.startWindowManager();
+    }
+
+    void open() {
+        m_window = m_program.startWindow();
+        ASSERT_FALSE(m_window.empty())
+            << "no window; the program " << (m_program.hasEnded() ? "has ended" : "runs") << "\n"
+            << shell("xwininfo -root -tree 2>&1; xprop -root _NET_SUPPORTING_WM_CHECK 2>&1").output;
+        xdotool("windowfocus --sync " + m_window);
+    }
+
+    /// Types into whatever has the focus, key after key as fingers do.
+    static void type(const std::string& text) { xdotool("type --delay 5 '" + text + "'"); }
+
+    static void key(const std::string& name) { xdotool("key --clearmodifiers " + name); }
+
+    void calculate(const std::string& home, const std::string& target) {
+        key("alt+h");
+        type(home);
+        key("alt+t");
+        type(target);
+        key("Return");
+    }
+
+    std::string property(const std::string& name) const {
+        return shell("xprop -id " + m_window + " " + name).output;
+    }
+
+    /// Waits until the window's property holds (or no longer holds) a text.
+    bool propertyComesTo(const std::string& name, const std::string& text, bool isThere) const {
+        for (int i = 0; i < 250; ++i) {
+            if ((property(name).find(text) != std::string::npos) == isThere)
+                return true;
+            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        }
+        return false;
+    }
+
+    std::string geometry() const {
+        return shell("xwininfo -id " + m_window + " | grep -E 'Absolute|Width|Height'").output;
+    }
+
+    /// Place of the frame, which is what the window's position means: "100 200\n".
+    std::string framePlace() const {
+        return shell("xwininfo -id " + m_window +
+                     " | awk '/Absolute/ {a[$3] = $4} /Relative/ {r[$3] = $4}"
+                     " END {print a[\"X:\"] - r[\"X:\"], a[\"Y:\"] - r[\"Y:\"]}'")
+            .output;
+    }
+
+    /// Right-clicks down the left half of the window until the locator box answers with its menu.
+    bool openMenuWithTheMouse() const {
+        const auto windows = [] {
+            return shell("xwininfo -root -tree | grep -c orbisgrid").output;
+        };
+        const std::string before = windows();
+        for (int y = 120; y < 260; y += 10) {
+            xdotool("mousemove --window " + m_window + " 150 " + std::to_string(y) + " click 3");
+            std::this_thread::sleep_for(std::chrono::milliseconds(150));
+            if (windows() != before)
+                return true;
+        }
+        return false;
+    }
+
+    void close() {
+        key("ctrl+q");
+        for (int i = 0; i < 250 && !m_program.hasEnded(); ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        ASSERT_TRUE(m_program.hasEnded());
+    }
+
+    test::XServer m_server;
+    Program m_program;
+    std::string m_window;
+};
+
+TEST_F(WindowDesktopTest, HasExactlyItsTitle) {
+    open();
+    EXPECT_NE(property("_NET_WM_NAME").find("= \"Orbisgrid\"\n"), std::string::npos);
+}
+
+TEST_F(WindowDesktopTest, TheTitleNoteFollowsTheTitle) {
+    m_program.changeIni("\r\n;\r\n", "\r\n;  ZZ9QX at home\r\n");
+    open();
+    EXPECT_NE(property("_NET_WM_NAME").find("= \"Orbisgrid -   ZZ9QX at home\"\n"),
+              std::string::npos);
+    close();
+    EXPECT_NE(m_program.ini().find("\r\n;  ZZ9QX at home\r\n"), std::string::npos);
+}
+
+TEST_F(WindowDesktopTest, TypedLocatorsAreKeptInTheFile) {
+    open();
+    calculate("jo20aw", "fn42aa");
+    close();
+    EXPECT_NE(m_program.ini().find("[Home data]\r\nJO20AW\r\n[**end**]\r\n"), std::string::npos);
+    EXPECT_NE(m_program.ini().find("[Target data]\r\nFN42AA\r\n[**end**]\r\n"), std::string::npos);
+}
+
+TEST_F(WindowDesktopTest, ACopiedTextOutlivesTheWindow) {
+    open();
+    calculate("jo20aw", "fn42aa");
+    // The report's button: the tab ring leads to it from the last result label.
+    xdotool("key --clearmodifiers alt+c");
+    key("alt+l");
+    key("shift+Tab"); // map
+    key("shift+Tab"); // report
+    key("space");
+    for (int i = 0; i < 100 && test::clipboardText().empty(); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    const std::string copied = test::clipboardText();
+    EXPECT_EQ(copied.substr(0, 23), "Home locator  :JO20AW\r\n");
+    const auto start = std::chrono::steady_clock::now();
+    close();
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3));
+    EXPECT_EQ(test::clipboardText(), copied);
+}
+
+TEST_F(WindowDesktopTest, AClipboardClearedByOthersStaysClear) {
+    open();
+    calculate("jo20aw", "fn42aa");
+    key("alt+l");
+    key("shift+Tab");
+    key("shift+Tab");
+    key("space");
+    for (int i = 0; i < 100 && test::clipboardText().empty(); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    // Another program takes the clipboard and ends: it has no owner then.
+    shell("printf x | xclip -i -selection clipboard -loops 1; xclip -o -selection clipboard; true");
+    close();
+    EXPECT_EQ(test::clipboardText(), "");
+}
+
+TEST_F(WindowDesktopTest, StaysOnTopWithoutBlinking) {
+    open();
+    const std::string before = geometry();
+    key("alt+s");
+    EXPECT_TRUE(propertyComesTo("_NET_WM_STATE", "_NET_WM_STATE_ABOVE", true));
+    EXPECT_EQ(geometry(), before);
+    key("alt+s");
+    EXPECT_TRUE(propertyComesTo("_NET_WM_STATE", "_NET_WM_STATE_ABOVE", false));
+    EXPECT_EQ(geometry(), before);
+}
+
+TEST_F(WindowDesktopTest, StaysOnTopFromTheStart) {
+    m_program.changeIni("[StayonTop]\r\n 0 ", "[StayonTop]\r\n 1 ");
+    open();
+    EXPECT_TRUE(propertyComesTo("_NET_WM_STATE", "_NET_WM_STATE_ABOVE", true));
+    close();
+    EXPECT_NE(m_program.ini().find("[StayonTop]\r\n 1 \r\n"), std::string::npos);
+}
+
+TEST_F(WindowDesktopTest, ComesBackToItsPlace) {
+    m_program.changeIni("[RememberPosition]\r\n 0 ", "[RememberPosition]\r\n 1 ");
+    m_program.changeIni("[Left]\r\n 0 ", "[Left]\r\n 1500 ");
+    m_program.changeIni("[Top]\r\n 0 ", "[Top]\r\n 3000 ");
+    std::string size;
+    for (int i = 0; i < 3; ++i) {
+        open();
+        EXPECT_EQ(framePlace(), "100 200\n");
+        size = i == 0 ? geometry() : size;
+        EXPECT_EQ(geometry(), size);
+        close();
+        EXPECT_NE(m_program.ini().find("[Left]\r\n 1500 \r\n[Top]\r\n 3000 \r\n"),
+                  std::string::npos)
+            << m_program.ini();
+    }
+}
+
+TEST_F(WindowDesktopTest, TheEndOfASessionSaves) {
+    open();
+    calculate("jo20aw", "fn42aa");
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    EXPECT_TRUE(m_program.terminate());
+    EXPECT_NE(m_program.ini().find("[Home data]\r\nJO20AW\r\n"), std::string::npos);
+}
+
+TEST_F(WindowDesktopTest, AMissingFileKeepsTheWindowAway) {
+    std::filesystem::remove(m_program.folder() / "Orbisgrid.ini");
+    EXPECT_EQ(m_program.startWindow(2), "");
+    EXPECT_FALSE(m_program.hasEnded());
+    EXPECT_TRUE(m_program.terminate());
+    EXPECT_FALSE(std::filesystem::exists(m_program.folder() / "Orbisgrid.ini"));
+}
+
+TEST_F(WindowDesktopTest, AStoreThatCannotBeWrittenIsReportedAndEndsTheStart) {
+    std::filesystem::create_directory(m_program.configFolder() / "ZZ9QX.ini");
+    const std::string box = m_program.startWindow();
+    ASSERT_FALSE(box.empty());
+    EXPECT_NE(shell("xprop -id " + box + " _NET_WM_NAME").output.find("= \"Orbisgrid\"\n"),
+              std::string::npos);
+    const std::string before = m_program.ini();
+    xdotool("windowfocus --sync " + box);
+    key("Return");
+    for (int i = 0; i < 250 && !m_program.hasEnded(); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    EXPECT_TRUE(m_program.hasEnded());
+    EXPECT_EQ(m_program.ini(), before);
+}
+
+TEST_F(WindowDesktopTest, OfTwoWindowsTheLastClosedWins) {
+    open();
+    calculate("jo20aw", "fn42aa");
+    // The second one works in the folder of the first.
+    const test::ShellResult started =
+        shell("ORBISGRID_PROGRAM_FOLDER=" + m_program.folder().string() +
+              " XDG_CONFIG_HOME=" + m_program.configFolder().string() + " " + ORBISGRID_PROGRAM +
+              " >/dev/null 2>&1 & echo $!");
+    const std::string second = started.output.substr(0, started.output.find('\n'));
+    const std::string window =
+        xdotool("search --sync --onlyvisible --pid " + second + " | head -n 1");
+    ASSERT_FALSE(window.empty());
+    xdotool("windowfocus --sync " + window);
+    calculate("kn51aa", "jn00aa");
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    EXPECT_TRUE(m_program.terminate());
+    EXPECT_NE(m_program.ini().find("[Home data]\r\nJO20AW\r\n[**end**]"), std::string::npos);
+    shell("kill -TERM " + second + "; while kill -0 " + second +
+          " 2>/dev/null; do sleep 0.02; done");
+    EXPECT_NE(m_program.ini().find("[Home data]\r\nKN51AA\r\n[**end**]"), std::string::npos);
+}
+
+TEST_F(WindowDesktopTest, TheEndOfASessionSavesWithABoxOpen) {
+    open();
+    calculate("jo20aw", "fn42aa");
+    key("alt+h");
+    type("jo");
+    key("BackSpace");
+    xdotool("key --repeat 6 BackSpace");
+    key("alt+c");
+    ASSERT_FALSE(waitForWindow("Invalid Home Locator").empty());
+    EXPECT_TRUE(m_program.terminate());
+    EXPECT_NE(m_program.ini().find("[Home data]\r\nJO20AW\r\n"), std::string::npos);
+}
+
+TEST_F(WindowDesktopTest, TheEndOfASessionSavesWithHelpOpen) {
+    open();
+    calculate("jo20aw", "fn42aa");
+    key("F1");
+    ASSERT_FALSE(waitForWindow("Help: Manual Orbisgrid").empty());
+    EXPECT_TRUE(m_program.terminate());
+    EXPECT_NE(m_program.ini().find("[Home data]\r\nJO20AW\r\n"), std::string::npos);
+}
+
+TEST_F(WindowDesktopTest, MessageBoxesHaveExactlyTheirTitle) {
+    open();
+    key("alt+c");
+    EXPECT_FALSE(waitForWindow("Invalid Home Locator").empty());
+    key("Return");
+}
+
+TEST_F(WindowDesktopTest, BoxesComeUpAboveATopmostWindow) {
+    open();
+    key("alt+s");
+    EXPECT_TRUE(propertyComesTo("_NET_WM_STATE", "_NET_WM_STATE_ABOVE", true));
+    key("alt+c");
+    const std::string box = waitForWindow("Invalid Home Locator");
+    ASSERT_FALSE(box.empty());
+    // The last of the stacking list is the uppermost.
+    const std::string stack = shell("xprop -root _NET_CLIENT_LIST_STACKING").output;
+    const std::string hex = shell("printf '0x%x' " + box).output;
+    EXPECT_EQ(stack.substr(stack.rfind("0x"), hex.size()), hex) << stack;
+    key("Return");
+}
+
+TEST_F(WindowDesktopTest, TheMenuSurvivesTheReleaseOfTheMouseButton) {
+    open();
+    key("alt+l");
+    type("jo20aw");
+    ASSERT_TRUE(openMenuWithTheMouse());
+    key("Down"); // Paste
+    key("Down"); // Paste into Home:
+    key("Return");
+    key("alt+t");
+    type("fn42aa");
+    key("Return");
+    close();
+    EXPECT_NE(m_program.ini().find("[Home data]\r\nJO20AW\r\n"), std::string::npos);
+}
+
+TEST_F(WindowDesktopTest, TheMapOpensItsAddress) {
+    m_program.changeIni("[NoCheckWebUpdates]\r\n 0 ", "[NoCheckWebUpdates]\r\n 1 ");
+    open();
+    calculate("jo20aw", "fn42aa");
+    key("alt+l");
+    key("shift+Tab");
+    key("space");
+    EXPECT_EQ(m_program.openedAddress(), "http://www.google.com/maps?q=%2042.0208,-71.9583");
+}
+
+} // namespace
+
+} // namespace orbisgrid

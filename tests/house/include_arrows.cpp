@@ -1,0 +1,106 @@
+#include "tests/house/include_arrows.h"
+
+#include <algorithm>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+
+namespace orbisgrid::test {
+
+namespace {
+
+using Rooms = std::set<std::string>;
+
+/// The house: which rooms a room may include besides itself. ARCHITECTURE.md draws it.
+const std::map<std::string, Rooms>& arrows() {
+    static const std::map<std::string, Rooms> table{
+        {"core", {}},
+        {"geodesy", {"core"}},
+        {"aprs", {"core"}},
+        {"settings", {"core"}},
+        {"panels", {"core", "geodesy", "aprs"}},
+        {"platform", {"settings"}},
+        {"ui", {"panels", "settings", "platform"}},
+        {"app", {"ui", "panels", "platform", "settings"}},
+    };
+    return table;
+}
+
+/// Single files beyond the arrows: every room may speak in texts, and those are core's.
+bool isAllowedFile(const std::string& room, const std::string& included) {
+    return room == "ui" && included == "core/text.h";
+}
+
+/// The headers of the C++ standard library that the rooms use. An allow-list: whatever is not on it
+/// is the operating system's or a library's.
+bool isStandardHeader(const std::string& included) {
+    static const std::set<std::string> standard{
+        "algorithm", "array",         "charconv",   "chrono",      "cmath",
+        "csignal",   "cstddef",       "cstdint",    "cstdio",      "cstdlib",
+        "cstring",   "deque",         "filesystem", "functional",  "initializer_list",
+        "limits",    "map",           "memory",     "optional",    "set",
+        "span",      "stdexcept",     "string",     "string_view", "system_error",
+        "tuple",     "unordered_map", "utility",    "variant",     "vector"};
+    return standard.contains(included);
+}
+
+bool mayUseQt(const std::string& room) {
+    return room == "app" || room == "ui" || room == "platform";
+}
+
+/// Why a room may not include a header in angle brackets; empty if it may.
+std::string whyNotLibrary(const std::string& room, const std::string& included) {
+    if (included.starts_with("Q"))
+        return mayUseQt(room) ? "" : "Qt below ui/ and platform/";
+    if (isStandardHeader(included) || room == "platform")
+        return {};
+    return "not the standard library, and outside platform/";
+}
+
+/// Why a room may not include one of our own headers; empty if it may.
+std::string whyNotOurs(const std::string& room, const std::string& included) {
+    const std::size_t slash = included.find('/');
+    if (slash == std::string::npos)
+        return "not written from the root";
+    const std::string other = included.substr(0, slash);
+    if (other == room || arrows().at(room).contains(other) || isAllowedFile(room, included))
+        return {};
+    return "no arrow from " + room + "/ to " + other + "/";
+}
+
+void checkFile(const std::filesystem::path& file, const std::string& room,
+               std::vector<std::string>& broken) {
+    static const std::regex pattern(R"(^\s*#\s*include\s*([<"])([^>"]+)[>"])");
+    std::ifstream stream(file);
+    std::string line;
+    while (std::getline(stream, line)) {
+        std::smatch match;
+        if (!std::regex_search(line, match, pattern))
+            continue;
+        const std::string why =
+            match[1] == "\"" ? whyNotOurs(room, match[2]) : whyNotLibrary(room, match[2]);
+        if (!why.empty())
+            broken.push_back(room + "/" + file.filename().string() + ": " + match[2].str() + ": " +
+                             why);
+    }
+}
+
+} // namespace
+
+std::vector<std::string> brokenArrows(const std::filesystem::path& root) {
+    std::vector<std::string> broken;
+    for (const auto& [room, allowed] : arrows()) {
+        if (!std::filesystem::exists(root / room))
+            continue;
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(root / room)) {
+            const std::string extension = entry.path().extension().string();
+            if (extension == ".cpp" || extension == ".h" || extension == ".in")
+                checkFile(entry.path(), room, broken);
+        }
+    }
+    std::sort(broken.begin(), broken.end());
+    return broken;
+}
+
+} // namespace orbisgrid::test
