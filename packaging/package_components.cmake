@@ -1,0 +1,10 @@
+# Read by cpack once for each kind of package: which components it takes, and where they go.
+if(CPACK_GENERATOR STREQUAL "DEB")
+  set(CPACK_COMPONENTS_ALL Debian Desktop)
+  set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+else()
+  set(CPACK_COMPONENTS_ALL Portable)
+  set(CPACK_PACKAGING_INSTALL_PREFIX /)
+  set(CPACK_COMPONENT_INCLUDE_TOPLEVEL_DIRECTORY ON)
+endif()
+set(CPACK_COMPONENTS_GROUPING ALL_COMPONENTS_IN_ONE)
