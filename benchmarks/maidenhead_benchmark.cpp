@@ -1,0 +1,145 @@
+#include "benchmarks/cases.h"
+#include "core/maidenhead.h"
+#include "geodesy/great_circle.h"
+#include "geodesy/locator_check.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+
+namespace orbisgrid::bench {
+
+namespace {
+
+// Decoding to two numbers -----------------------------------------------------------------------
+
+struct Point {
+    float longitude, latitude;
+};
+
+Point decodeSix(const Case& one) {
+    const auto checked = checkedHome(one.six);
+    const WestPositivePoint point = pointOf(*checked);
+    return {-point.lonW, point.lat};
+}
+
+/// No check, no case: the formula alone.
+Point floorDecodeSix(const Case& one) {
+    const std::string& c = one.narrowSix;
+    return {static_cast<float>((c[0] - 'A') * 20 - 180 + (c[2] - '0') * 2 + (c[4] - 64.5) / 12),
+            static_cast<float>((c[1] - 'A') * 10 - 90 + (c[3] - '0') + (c[5] - 64.5) / 24)};
+}
+
+const RegisterCheck decodes("decoding six characters", [](const Case& one, const Case&) {
+    const Point program = decodeSix(one);
+    const Point floor = floorDecodeSix(one);
+    return program.longitude == floor.longitude && program.latitude == floor.latitude;
+});
+
+void DecodeSix(benchmark::State& state) {
+    overCases(state, [](const Case& one, std::size_t) { return decodeSix(one); });
+}
+
+void DecodeSixFloor(benchmark::State& state) {
+    overCases(state, [](const Case& one, std::size_t) { return floorDecodeSix(one); });
+}
+
+BENCHMARK(DecodeSix);
+BENCHMARK(DecodeSixFloor);
+const RegisterGoal decodeGoal("DecodeSix", "DecodeSixFloor", 4);
+
+// Decoding to texts -----------------------------------------------------------------------------
+
+void DecodeSixTexts(benchmark::State& state) {
+    overCases(state, [](const Case& one, std::size_t) {
+        Text locator = one.six;
+        return Maiden2World(locator);
+    });
+}
+
+/// Two numbers of seven digits into a buffer, and nothing around it.
+struct TwoTexts {
+    std::array<char, 64> buffer{};
+    char* end = nullptr;
+};
+
+TwoTexts floorTexts(const Case& one) {
+    const Point point = floorDecodeSix(one);
+    TwoTexts texts;
+    char* const last = texts.buffer.data() + texts.buffer.size();
+    char* middle = std::to_chars(texts.buffer.data(), last, static_cast<double>(point.longitude),
+                                 std::chars_format::general, 7)
+                       .ptr;
+    texts.end = std::to_chars(middle, last, static_cast<double>(point.latitude),
+                              std::chars_format::general, 7)
+                    .ptr;
+    return texts;
+}
+
+const RegisterCheck texts("texts of six characters", [](const Case& one, const Case&) {
+    Text locator = one.six;
+    const LocatorPosition program = Maiden2World(locator);
+    const double longitude = std::stod(toUtf8(program.LonText));
+    const double latitude = std::stod(toUtf8(program.LatText));
+    return std::fabs(longitude - floorDecodeSix(one).longitude) < 0.00006 &&
+           std::fabs(latitude - floorDecodeSix(one).latitude) < 0.00006;
+});
+
+void DecodeSixTextsFloor(benchmark::State& state) {
+    overCases(state, [](const Case& one, std::size_t) { return floorTexts(one); });
+}
+
+BENCHMARK(DecodeSixTexts);
+BENCHMARK(DecodeSixTextsFloor);
+const RegisterGoal textsGoal("DecodeSixTexts", "DecodeSixTextsFloor", 1.5);
+
+// Encoding --------------------------------------------------------------------------------------
+
+using SixCharacters = std::array<char, 6>;
+
+/// Rounding towards minus infinity is part of the arithmetic: positions west and south of the world
+/// have their letters too.
+SixCharacters floorEncodeSix(const Case& one) {
+    const double x = (one.longitude + 180) / 20;
+    const double y = (one.latitude + 90) / 10;
+    const double a = std::floor(x);
+    const double b = std::floor(y);
+    const double x10 = (x - a) * 10;
+    const double y10 = (y - b) * 10;
+    const double c = std::floor(x10);
+    const double d = std::floor(y10);
+    return {static_cast<char>('A' + static_cast<int>(a)),
+            static_cast<char>('A' + static_cast<int>(b)),
+            static_cast<char>('0' + static_cast<int>(c)),
+            static_cast<char>('0' + static_cast<int>(d)),
+            static_cast<char>('A' + static_cast<int>(std::floor((x10 - c) * 24))),
+            static_cast<char>('A' + static_cast<int>(std::floor((y10 - d) * 24)))};
+}
+
+Text encodeSix(const Case& one) {
+    double longitude = one.longitude;
+    double latitude = one.latitude;
+    return World2Grid(longitude, latitude);
+}
+
+const RegisterCheck encodes("encoding six characters", [](const Case& one, const Case&) {
+    const SixCharacters floor = floorEncodeSix(one);
+    const Text program = encodeSix(one);
+    return program == one.six && std::equal(floor.begin(), floor.end(), program.begin());
+});
+
+void EncodeSix(benchmark::State& state) {
+    overCases(state, [](const Case& one, std::size_t) { return encodeSix(one); });
+}
+
+void EncodeSixFloor(benchmark::State& state) {
+    overCases(state, [](const Case& one, std::size_t) { return floorEncodeSix(one); });
+}
+
+BENCHMARK(EncodeSix);
+BENCHMARK(EncodeSixFloor);
+const RegisterGoal encodeGoal("EncodeSix", "EncodeSixFloor", 3);
+
+} // namespace
+
+} // namespace orbisgrid::bench

@@ -1,0 +1,217 @@
+#!/usr/bin/env python3
+"""Changes the program one operator, constant, comparison or rounding call at a time and runs the
+tests of the changed room: a change that no test notices has survived.
+
+    scripts/mutate.py [room or file ...]      core geodesy aprs settings panels
+    scripts/mutate.py --jobs 2 --list core    shows the changes without making them
+    scripts/mutate.py --again LOG core        only the changes that an earlier run's output names
+
+Everything happens in build-mutation; the sources are only read. A change that does not compile does
+not count. Survivors are compared with docs/mutation.md, which says of each why it changes nothing
+that can be observed. Exit status: 0 where at least 95 of 100 are killed and every survivor is
+explained there."""
+
+import argparse
+import concurrent.futures
+import pathlib
+import re
+import subprocess
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+BUILD = ROOT / "build-mutation"
+ROOMS = ["core", "geodesy", "aprs", "settings", "panels"]
+COMPILER = ["g++", "-std=c++20", "-O1", "-ffp-contract=off", "-w", f"-I{ROOT}",
+            f'-DORBISGRID_TEST_DATA="{ROOT}/tests/data"', f'-DORBISGRID_SOURCE="{ROOT}"']
+SUPPORT = ["tests/support/main.cpp", "tests/support/table.cpp"]
+SECONDS = 20  # the slowest of these programs takes two
+
+# The programs that look at a room, the quickest first.
+PROGRAMS = {
+    "core": [["tests/core/*.cpp"], ["tests/proof/number_texts_test.cpp"],
+             ["tests/proof/locator_axes_test.cpp", "tests/proof/locator_borders_test.cpp",
+              "tests/proof/locator_reference.cpp"]],
+    "geodesy": [["tests/geodesy/*.cpp"],
+                ["tests/proof/great_circle_pairs_test.cpp", "tests/proof/vincenty_pairs_test.cpp",
+                 "tests/proof/locator_reference.cpp"]],
+    "aprs": [["tests/aprs/*.cpp"],
+             ["tests/proof/compressed_codes_test.cpp", "tests/proof/uiview_codes_test.cpp"]],
+    "settings": [["tests/settings/*.cpp"]],
+    "panels": [["tests/panels/*.cpp"]],
+}
+LIBRARIES = ["-lgtest", "-lGeographicLib", "-lpthread"]
+
+# Pattern, replacement. Operators stand between blanks, as the formatter leaves them: what is
+# written without is a template, a pointer or a reference.
+CHANGES = [
+    (r"(?<= )<(?= )", "<="), (r"(?<= )<=(?= )", "<"), (r"(?<= )>(?= )", ">="),
+    (r"(?<= )>=(?= )", ">"), (r"(?<= )==(?= )", "!="), (r"(?<= )!=(?= )", "=="),
+    (r"(?<= )\+(?= )", "-"), (r"(?<= )-(?= )", "+"), (r"(?<= )\*(?= )", "/"),
+    (r"(?<= )/(?= )", "*"), (r"(?<= )%(?= )", "/"), (r"(?<= )\+=(?= )", "-="),
+    (r"(?<= )-=(?= )", "+="), (r"(?<= )\*=(?= )", "/="), (r"(?<= )/=(?= )", "*="),
+    (r"(?<= )&&(?= )", "||"), (r"(?<= )\|\|(?= )", "&&"), (r"(?<![\w)\]])!(?=[\w(])", ""),
+    (r"\+\+(?=\w)", "--"), (r"(?<![\w)])--(?=\w)", "++"), (r"(?<=\w)\+\+", "--"),
+    (r"(?<=\w)--(?!>)", "++"), (r"(?<=[( ,{\[])-(?=[\w(])", ""),
+    (r"\bstd::floor\b", "std::ceil"), (r"\bstd::trunc\b", "std::floor"),
+    (r"\bstd::round\b", "std::trunc"), (r"\bstd::nearbyint\b", "std::floor"),
+    (r"\bstd::fabs\b", ""), (r"\bstd::max\b", "std::min"), (r"\bstd::min\b", "std::max"),
+    (r"\bstatic_cast<float>", "static_cast<double>"), (r"\btrue\b", "false"),
+]
+NUMBER = re.compile(r"(?<![\w.'])(0x[0-9A-Fa-f]+|\d+(?:\.\d+)?(?:e-?\d+)?)(?=[fFuU]?\b)")
+CHARACTER = re.compile(r"u'(\\?.)'")
+
+
+def code_only(text):
+    """The text with comments, preprocessor lines and string literals blanked out."""
+    pattern = r"//[^\n]*|^#[^\n]*|u?\"(?:\\.|[^\"\\])*\"|^using [^\n]*"
+    return re.sub(pattern, lambda match: "\0" * len(match.group()), text, flags=re.MULTILINE)
+
+
+def other_number(text):
+    if text.startswith("0x"):
+        return hex(int(text, 16) + 1)
+    if re.search(r"[.e]", text):
+        return repr(float(text) * 1.001)
+    return str(int(text) + 1)
+
+
+def changes_of(path):
+    """(start, end, replacement) of every change of a file."""
+    text = (ROOT / path).read_text(encoding="utf-8")
+    code = code_only(text)
+    found = []
+    for pattern, replacement in CHANGES:
+        if replacement is not None:
+            found += [(match.start(), match.end(), replacement) for match in re.finditer(pattern, code)]
+    found += [(match.start(), match.end(), other_number(match.group()))
+              for match in NUMBER.finditer(code)]
+    found += [(match.start(), match.end(), "u'\\u0105'" if match.group(1) != "\\u0105" else "u'x'")
+              for match in CHARACTER.finditer(code)]
+    return text, sorted(found)
+
+
+def name_of(path, text, change):
+    """The changed line with the change marked: a name that survives other lines' edits."""
+    start, end, replacement = change
+    first = text.rfind("\n", 0, start) + 1
+    last = text.find("\n", end)
+    line = text[first:start] + "⟦" + text[start:end] + " → " + replacement + "⟧" + text[end:last]
+    return f"{path}: {' '.join(line.split())}"
+
+
+def run(command, **options):
+    return subprocess.run(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=False,
+                          **options).returncode
+
+
+def compiled(source, target):
+    target.parent.mkdir(parents=True, exist_ok=True)
+    return run(COMPILER + ["-c", str(source), "-o", str(target)]) == 0
+
+
+def object_of(path):
+    return BUILD / "objects" / (str(path).replace("/", "_") + ".o")
+
+
+def expanded(patterns):
+    return [str(path.relative_to(ROOT)) for pattern in patterns for path in sorted(ROOT.glob(pattern))]
+
+
+def prepare(rooms, jobs):
+    """Compiles what stays as it is. Result: False where something does not compile or pass."""
+    sources = set(SUPPORT) | {path for room in ROOMS for path in expanded([f"{room}/*.cpp"])}
+    for room in rooms:
+        for patterns in PROGRAMS[room]:
+            sources |= set(expanded(patterns))
+    with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
+        if not all(pool.map(lambda path: compiled(ROOT / path, object_of(path)), sorted(sources))):
+            return False
+        return not any(pool.map(lambda room: is_noticed(room, [], BUILD / f"check-{room}"), rooms))
+
+
+def is_noticed(room, changed, program):
+    """Links each program of a room with the changed objects in place of their own, and runs it."""
+    own = [path for other in ROOMS for path in expanded([f"{other}/*.cpp"])]
+    replaced = {path for path, _ in changed}
+    objects = [str(target) for _, target in changed]
+    objects += [str(object_of(path)) for path in own if path not in replaced]
+    for patterns in PROGRAMS[room]:
+        tests = [str(object_of(path)) for path in expanded(patterns) + SUPPORT]
+        link = ["g++", "-fuse-ld=lld", "-o", str(program)] + tests + objects + LIBRARIES
+        if run(link) != 0:
+            return True
+        try:
+            if run([str(program), "--gtest_fail_fast"], timeout=SECONDS) != 0:
+                return True
+        except subprocess.TimeoutExpired:
+            return True
+    return False
+
+
+def outcome(number, path, text, change):
+    """killed, survived, or nothing where the change does not compile."""
+    start, end, replacement = change
+    place = BUILD / "mutants" / str(number)
+    source = place / path
+    source.parent.mkdir(parents=True, exist_ok=True)
+    source.write_text(text[:start] + replacement + text[end:], encoding="utf-8")
+    target = place / "mutant.o"
+    if not compiled(source, target):
+        result = None
+    else:
+        room = path.split("/")[0]
+        result = "killed" if is_noticed(room, [(path, target)], place / "program") else "survived"
+    subprocess.run(["rm", "-r", str(place)], check=True)
+    return result
+
+
+def explained():
+    document = ROOT / "docs" / "mutation.md"
+    return document.read_text(encoding="utf-8") if document.exists() else ""
+
+
+def report(names, outcomes):
+    killed = outcomes.count("killed")
+    survivors = [name for name, result in zip(names, outcomes) if result == "survived"]
+    known = explained()
+    unknown = [name for name in survivors if name not in known]
+    for name in survivors:
+        print(("explained: " if name in known else "SURVIVED:  ") + name)
+    share = 100 * killed / max(1, killed + len(survivors))
+    print(f"{killed} killed, {len(survivors)} survived ({len(unknown)} of them unexplained), "
+          f"{outcomes.count(None)} did not compile: {share:.1f} % killed")
+    return killed > 0 and share >= 95 and not unknown
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.split("\n\n")[0])
+    parser.add_argument("--jobs", type=int, default=2)
+    parser.add_argument("--list", action="store_true")
+    parser.add_argument("--again", type=pathlib.Path)
+    parser.add_argument("places", nargs="*", default=ROOMS)
+    options = parser.parse_args()
+    paths = [path for place in options.places
+             for path in ([place] if place.endswith(".cpp") else expanded([f"{place}/*.cpp"]))]
+    work = []
+    for path in paths:
+        text, changes = changes_of(path)
+        work += [(path, text, change) for change in changes]
+    if options.again:
+        earlier = options.again.read_text(encoding="utf-8")
+        work = [item for item in work if name_of(*item) in earlier]
+    names = [name_of(*item) for item in work]
+    if options.list:
+        print("\n".join(names))
+        return 0
+    rooms = sorted({path.split("/")[0] for path in paths})
+    if not prepare(rooms, options.jobs):
+        print("the unchanged program does not compile or does not pass its tests")
+        return 2
+    print(f"{len(work)} changes", flush=True)
+    with concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:
+        outcomes = list(pool.map(lambda item: outcome(item[0], *item[1]), enumerate(work)))
+    return 0 if report(names, outcomes) else 1
+
+
+if __name__ == "__main__":
+    sys.exit(main())
