@@ -94,6 +94,14 @@ TEST(ManualSearch, IsLinearWhereTheTextNearlyMatchesEverywhere) {
     EXPECT_LT(seconds.count(), 5.0);
 }
 
+TEST(ManualSearch, LooksAheadToTheLastCharacter) {
+    ManualSearch search(u"aa");
+    EXPECT_EQ(search.DoTheSearch(u"A").position, 1U);
+    EXPECT_EQ(search.SearchPos(), 2U);
+    EXPECT_EQ(search.DoTheSearch(u"A").position, 2U);
+    EXPECT_EQ(search.SearchPos(), 0U);
+}
+
 } // namespace
 
 } // namespace orbisgrid
