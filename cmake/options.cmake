@@ -15,7 +15,7 @@ if(ORBISGRID_WERROR)
   target_compile_options(orbisgrid_options INTERFACE -Werror)
 endif()
 
-# What Debian builds its programs with. It costs the start nothing that can be measured.
+# What Debian builds its programs with.
 option(ORBISGRID_HARDENING "Make attacks over memory errors harder" ON)
 if(ORBISGRID_HARDENING AND NOT ORBISGRID_SANITIZE AND CMAKE_BUILD_TYPE MATCHES "^Rel")
   # The last one: no folder of the machine that builds it in the program.
