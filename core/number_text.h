@@ -49,8 +49,8 @@ Text printText(double value);
 /// with leading zeros up to `minimumDigits` digits and more digits if it needs them.
 Text wholeMask(double value, std::size_t minimumDigits);
 
-/// `value` rounded to a whole number as the mask "0" does it: halves away from zero. The exact value
-/// decides, not its text: 13.499999999999998, which 0.00375 degrees give in seconds, is 13.
+/// `value` rounded to a whole number as the mask "0" does it: halves away from zero. The exact
+/// value decides, not its text: 13.499999999999998, which 0.00375 degrees give in seconds, is 13.
 double wholeMaskValue(double value);
 
 /// The mask ".#####": up to five decimals, halves away from zero, no digit forced in front of the

@@ -39,8 +39,8 @@ protected:
 };
 
 /// Records where and in which version the program runs: "Path", "Version" (trimmed) and "EXE", in
-/// this order. EXE is deliberately the fixed text "Orbisgrid.exe", however the executable is called.
-/// Result: false when the store cannot be written, which ends the start of the program.
+/// this order. EXE is deliberately the fixed text "Orbisgrid.exe", however the executable is
+/// called. Result: false when the store cannot be written, which ends the start of the program.
 bool RegistryStuff(SettingsStore& store, TextView programFolder, TextView version);
 
 } // namespace orbisgrid

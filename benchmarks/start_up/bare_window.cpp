@@ -1,7 +1,7 @@
 /// The yardsticks: a Qt Widgets window of the main window's size, linked the same way.
 ///
 ///     bare_window          with nothing in it
-///     bare_window text     with one line of text laid out in it, as any text costs the loading of fonts
+///     bare_window text     with one line of text, which costs the loading of fonts
 ///     bare_window end      with nothing in it, and it ends as soon as it is shown
 ///     bare_window load     no window: what it takes to load the libraries and to end
 #include <QApplication>

@@ -2,6 +2,12 @@
 #include "tests/support/runtime_error_code.h"
 #include "tests/support/table.h"
 
+#include <array>
+#include <cstdint>
+#include <iconv.h>
+#include <locale.h>
+#include <wctype.h>
+
 namespace orbisgrid {
 
 namespace {
@@ -115,6 +121,55 @@ TEST(ToUtf8, SurrogateWithoutItsPartner) {
     EXPECT_EQ(toUtf8(low), replacement);
     EXPECT_EQ(toUtf8(lastLow + first), replacement + replacement);
     EXPECT_EQ(toUtf8(low + low), replacement + replacement);
+}
+
+// Whole tables against the C library ------------------------------------------------------------
+
+TEST(FileBytes, EveryByteOfWindows1252) {
+    const iconv_t converter = ::iconv_open("UTF-16LE", "WINDOWS-1252");
+    ASSERT_NE(converter, reinterpret_cast<iconv_t>(-1));
+    for (unsigned code = 0x80; code <= 0xFF; ++code) {
+        std::array<char, 1> byte{static_cast<char>(code)};
+        std::array<char, 2> unit{};
+        char* from = byte.data();
+        char* to = unit.data();
+        std::size_t fromLeft = byte.size(), toLeft = unit.size();
+        // The five that the code page leaves open keep their code.
+        const bool isOpen = ::iconv(converter, &from, &fromLeft, &to, &toLeft) != 0;
+        const unsigned expected =
+            isOpen ? code
+                   : static_cast<std::uint8_t>(unit[0]) |
+                         static_cast<unsigned>(static_cast<std::uint8_t>(unit[1])) << 8U;
+        const Text text = fromFileBytes({byte.data(), 1});
+        ASSERT_EQ(text.size(), 1U) << code;
+        EXPECT_EQ(static_cast<unsigned>(text[0]), expected) << code;
+    }
+    ::iconv_close(converter);
+}
+
+/// The alphabets that upperCase covers, less what would become a letter of ASCII or of another
+/// alphabet.
+bool isCovered(unsigned code) {
+    const bool isLatin = code < 0x180 && code != 0xB5 && code != 0x131 && code != 0x17F;
+    const bool isGreek = code >= 0x3AC && code <= 0x3CE;
+    return isLatin || isGreek || (code >= 0x430 && code <= 0x45F);
+}
+
+TEST(UpperCase, EveryCodeUnit) {
+    const locale_t locale = ::newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    ASSERT_NE(locale, nullptr);
+    for (unsigned code = 0; code <= 0xFFFF; ++code) {
+        const unsigned expected = isCovered(code) ? ::towupper_l(code, locale) : code;
+        ASSERT_EQ(static_cast<unsigned>(upperCase(static_cast<char16_t>(code))), expected) << code;
+    }
+    ::freelocale(locale);
+}
+
+TEST(Utf8, WhatOnlyLooksLikeASequence) {
+    const Text bad(1, 0xFFFD);
+    EXPECT_EQ(fromUtf8("\x84\x80\x80\x80"), bad + bad + bad + bad) << "no leading byte";
+    EXPECT_EQ(fromUtf8("\xED\xBF\xBF"), bad + bad + bad) << "the last surrogate";
+    EXPECT_EQ(fromUtf8(std::string_view("\xC3\xA9", 1)), bad) << "what follows is not the text's";
 }
 
 } // namespace
