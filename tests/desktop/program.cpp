@@ -110,7 +110,7 @@ bool Program::hasEnded() const {
 
 bool Program::terminate() {
     shell("kill -TERM " + m_pid);
-    return waitUntil([this] { return hasEnded(); }, 5);
+    return waitUntil([this] { return hasEnded(); }, 60);
 }
 
 std::string Program::ini() const {
@@ -151,7 +151,7 @@ std::string waitForWindow(const std::string& title) {
             window = xdotool("search --onlyvisible --name '^" + title + "$' | head -n 1");
             return !window.empty();
         },
-        10);
+        60);
     return window;
 }
 

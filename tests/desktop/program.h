@@ -29,10 +29,10 @@ public:
 
     /// Starts the window in the background and waits until it is on the screen and has a frame.
     /// Result: its window id; empty if it did not come within `seconds`.
-    std::string startWindow(int seconds = 10);
+    std::string startWindow(int seconds = 60);
 
     /// Ends what `startWindow` started, as a session does (SIGTERM), and waits for it.
-    /// Result: whether it ended within 5 seconds.
+    /// Result: whether it ended within a minute.
     bool terminate();
 
     /// Whether what `startWindow` started has ended.
@@ -64,7 +64,7 @@ std::string clipboardText();
 /// Runs xdotool. Result: what it printed.
 std::string xdotool(const std::string& arguments);
 
-/// Waits up to ten seconds for a window with exactly this title. Result: its id or nothing.
+/// Waits up to a minute for a window with exactly this title. Result: its id or nothing.
 std::string waitForWindow(const std::string& title);
 
 } // namespace orbisgrid::test

@@ -60,7 +60,7 @@ StartedWindow::StartedWindow(const std::string& command)
     : m_process(start(command)) {
     const std::string search =
         "xdotool search --onlyvisible --pid " + std::to_string(m_process) + " | head -n 1";
-    waitFor(10, [&] { return !(m_id = lineOf(search)).empty(); });
+    waitFor(60, [&] { return !(m_id = lineOf(search)).empty(); });
     if (!m_id.empty())
         shell("timeout 10 xdotool windowfocus --sync " + m_id + " 2>/dev/null");
 }
@@ -81,13 +81,13 @@ std::string StartedWindow::latitudeAfter(const std::string& home, const std::str
     key("alt+d");
     key("ctrl+c");
     std::string copied;
-    waitFor(5, [&] { return !(copied = clipboard()).empty(); });
+    waitFor(30, [&] { return !(copied = clipboard()).empty(); });
     return copied;
 }
 
 std::string StartedWindow::property(const std::string& name) const {
     std::string text;
-    waitFor(5, [&] {
+    waitFor(30, [&] {
         text = shell("xprop -id " + m_id + " " + name + " 2>/dev/null").output;
         return text.find('=') != std::string::npos;
     });
@@ -97,7 +97,7 @@ std::string StartedWindow::property(const std::string& name) const {
 int StartedWindow::close() {
     key("ctrl+q");
     int status = 0;
-    if (!waitFor(10, [&] { return ::waitpid(m_process, &status, WNOHANG) == m_process; }))
+    if (!waitFor(60, [&] { return ::waitpid(m_process, &status, WNOHANG) == m_process; }))
         return -1;
     m_process = -1;
     return WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status);

@@ -10,7 +10,7 @@ namespace orbisgrid::test {
 /// or without a window manager. The test's display must be in the environment.
 class StartedWindow {
 public:
-    /// Runs `command` with /bin/sh, in the place of the shell, and waits up to ten seconds for its
+    /// Runs `command` with /bin/sh, in the place of the shell, and waits up to a minute for its
     /// window.
     explicit StartedWindow(const std::string& command);
     ~StartedWindow();
@@ -26,11 +26,11 @@ public:
     /// Result: what is on the clipboard then: the Target's latitude.
     std::string latitudeAfter(const std::string& home, const std::string& target) const;
 
-    /// What xprop says of a property; empty if it does not come within five seconds.
+    /// What xprop says of a property; empty if it does not come within half a minute.
     std::string property(const std::string& name) const;
 
     /// Presses Ctrl+Q and waits. Result: the exit status, 1000 and the signal's number after a
-    /// signal, -1 where it still runs after ten seconds.
+    /// signal, -1 where it still runs after a minute.
     int close();
 
 private:

@@ -50,7 +50,7 @@ protected:
 
     /// Waits until the window's property holds (or no longer holds) a text.
     bool propertyComesTo(const std::string& name, const std::string& text, bool isThere) const {
-        for (int i = 0; i < 250; ++i) {
+        for (int i = 0; i < 1500; ++i) {
             if ((property(name).find(text) != std::string::npos) == isThere)
                 return true;
             std::this_thread::sleep_for(std::chrono::milliseconds(20));
@@ -87,7 +87,7 @@ protected:
 
     void close() {
         key("ctrl+q");
-        for (int i = 0; i < 250 && !m_program.hasEnded(); ++i)
+        for (int i = 0; i < 1500 && !m_program.hasEnded(); ++i)
             std::this_thread::sleep_for(std::chrono::milliseconds(20));
         ASSERT_TRUE(m_program.hasEnded());
     }
@@ -214,7 +214,7 @@ TEST_F(WindowDesktopTest, AStoreThatCannotBeWrittenIsReportedAndEndsTheStart) {
     const std::string before = m_program.ini();
     xdotool("windowfocus --sync " + box);
     key("Return");
-    for (int i = 0; i < 250 && !m_program.hasEnded(); ++i)
+    for (int i = 0; i < 1500 && !m_program.hasEnded(); ++i)
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
     EXPECT_TRUE(m_program.hasEnded());
     EXPECT_EQ(m_program.ini(), before);
