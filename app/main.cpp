@@ -1,7 +1,6 @@
 #include "app/command_line_job.h"
 #include "app/window_run.h"
 #include "platform/clipboard_keeper.h"
-#include "platform/display.h"
 #include "platform/home_folder.h"
 #include "platform/per_user_store.h"
 #include "platform/program_folder.h"
@@ -9,6 +8,7 @@
 #include "ui/version.h"
 
 #include <cstdio>
+#include <cstdlib>
 #include <string_view>
 #include <vector>
 
@@ -19,14 +19,6 @@ using namespace orbisgrid;
 CommandLine commandLineOf(int argc, char** argv) {
     const std::vector<std::string_view> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
     return readCommandLine(joinedArguments(arguments));
-}
-
-int refuseWithoutDisplay() {
-    static_cast<void>(std::fputs(
-        "orbisgrid: there is no display for the window; start it in a desktop session (or "
-        "set DISPLAY), or give it a job: orbisgrid JO20AW FN42AA, orbisgrid -CJO20AW\n",
-        stderr));
-    return 1;
 }
 
 int refuseStore(int& argc, char** argv) {
@@ -40,21 +32,20 @@ int run(int argc, char** argv) {
     if (isClipboardKeeperRole())
         return runClipboardKeeper();
     const CommandLine commandLine = commandLineOf(argc, argv);
-    const bool wantsWindow = commandLine.job == CommandLine::Job::none;
-    if (wantsWindow && !isDisplayUsable())
-        return refuseWithoutDisplay();
-
     const QString folder = programFolder();
     PerUserStore store;
     if (!RegistryStuff(store, toText(folder), versionText))
         return refuseStore(argc, argv);
-    return wantsWindow ? runWindow(store, folder, argc, argv)
-                       : runCommandLineJob(commandLine, folder, argc, argv);
+    if (commandLine.job == CommandLine::Job::none)
+        return runWindow(store, folder, argc, argv);
+    return runCommandLineJob(commandLine, folder, argc, argv);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
     provideHome();
-    return run(argc, argv);
+    const int status = run(argc, argv);
+    std::fflush(nullptr);
+    std::_Exit(status);
 }

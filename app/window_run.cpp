@@ -3,6 +3,7 @@
 #include "platform/clipboard_keeper.h"
 #include "platform/clipboard_route.h"
 #include "platform/clipboard_selection.h"
+#include "platform/display.h"
 #include "platform/termination.h"
 #include "ui/app_icon.h"
 #include "ui/desktop_tool_registry.h"
@@ -16,10 +17,33 @@
 #include <QTimer>
 
 #include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
 
 namespace orbisgrid {
 
 namespace {
+
+int refuseWithoutDisplay() {
+    static_cast<void>(std::fputs(
+        "orbisgrid: there is no display for the window; start it in a desktop session (or "
+        "set DISPLAY), or give it a job: orbisgrid JO20AW FN42AA, orbisgrid -CJO20AW\n",
+        stderr));
+    return 1;
+}
+
+/// For the time in which a QApplication is made: where a display is named but does not answer, Qt
+/// writes half a page and aborts. To ask the server before would keep every start waiting.
+void onMessageOfQt(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    if (type == QtFatalMsg)
+        std::_Exit(refuseWithoutDisplay());
+    const bool isWhy =
+        context.category != nullptr && std::string_view(context.category).starts_with("qt.qpa.");
+    if (!isWhy)
+        static_cast<void>(std::fputs(
+            (qFormatLogMessage(type, context, text) + u'\n').toLocal8Bit().constData(), stderr));
+}
 
 /// To paint the icon takes two milliseconds: the window does not wait for them. A desktop shows the
 /// installed icon until then, and the same one afterwards.
@@ -39,11 +63,15 @@ void handClipboardOver() {
 } // namespace
 
 int runWindow(SettingsStore& store, const QString& programFolder, int& argc, char** argv) {
+    if (!hasDisplay(displayEnvironment()))
+        return refuseWithoutDisplay();
     // The title of the boxes is given to each of them: an application display name would be
     // appended to every title.
     QApplication::setApplicationName(applicationTitle());
     QApplication::setDesktopFileName(QStringLiteral("orbisgrid"));
+    qInstallMessageHandler(onMessageOfQt);
     QApplication application(argc, argv);
+    qInstallMessageHandler(nullptr);
     DesktopToolRegistry registry;
     LocatorConverter window({store, programFolder, [] { return IsOnline(); }, registry});
     window.Form_Load();

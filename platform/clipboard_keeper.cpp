@@ -95,12 +95,10 @@ void runWaylandTool(const std::string& utf8) {
         say(isTaken);
 }
 
-/// In the forked child: leaves the caller's session and goes on in a grandchild, whose parent is
-/// then nobody who would have to wait for it.
+/// In the forked child. A second fork would spare the caller a zombie, but takes a third of a
+/// millisecond that every job would wait for, and the caller is about to end.
 [[noreturn]] void becomeKeeper(ClipboardRoute route, const std::string& utf8, int answer) {
     ::setsid();
-    if (::fork() != 0)
-        ::_exit(0);
     letGoOfTheCaller(answer);
     if (route == ClipboardRoute::waylandTool)
         runWaylandTool(utf8);
@@ -119,17 +117,14 @@ ClipboardHandover ClipboardHandover::start(const std::string& utf8) {
         return handover;
     handover.m_answer = FileDescriptor(pipe[0]);
     const FileDescriptor answer(pipe[1]);
-    handover.m_starter = ::fork();
-    if (handover.m_starter == 0)
+    if (::fork() == 0)
         becomeKeeper(route, utf8, answer.get());
     return handover;
 }
 
 bool ClipboardHandover::wait(std::chrono::milliseconds longest) {
-    if (m_starter < 0)
+    if (!m_answer)
         return false;
-    exitStatus(m_starter);
-    m_starter = -1;
     pollfd answer{m_answer.get(), POLLIN, 0};
     while (::poll(&answer, 1, static_cast<int>(longest.count())) < 0) {
         if (errno != EINTR)

@@ -5,8 +5,6 @@
 
 #include <QString>
 
-#include <sys/types.h>
-
 #include <chrono>
 #include <string>
 
@@ -14,10 +12,10 @@ namespace orbisgrid {
 
 /// Hands a text to a process that keeps it on the clipboard after this one has ended.
 ///
-/// For programs without threads, that is before any QApplication: it forks. The keeper is in a
-/// session of its own and holds nothing of the caller's: no terminal, no pipe, no folder. It lives
-/// until another owner takes the clipboard or the display ends (with wl-copy that tool does). It
-/// never becomes a zombie of this process.
+/// For programs without threads, that is before any QApplication: it forks. And for programs that
+/// end soon: the keeper is their child until then. It is in a session of its own and holds nothing
+/// of the caller's: no terminal, no pipe, no folder. It lives until another owner takes the
+/// clipboard or the display ends (with wl-copy that tool does).
 class ClipboardHandover {
 public:
     /// Starts the keeper and returns at once, so that the caller can print while the keeper takes
@@ -30,7 +28,6 @@ public:
 
 private:
     FileDescriptor m_answer; ///< one byte comes when the clipboard is taken
-    pid_t m_starter = -1;    ///< the keeper's parent, which ends at once
 };
 
 /// The second way in, for a running window: it has threads, so the keeper is the executable started

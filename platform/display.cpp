@@ -24,6 +24,11 @@ bool xServerAnswers() {
 
 } // namespace
 
+DisplayEnvironment displayEnvironment() {
+    return {qEnvironmentVariable("DISPLAY"), qEnvironmentVariable("WAYLAND_DISPLAY"),
+            qEnvironmentVariable("QT_QPA_PLATFORM")};
+}
+
 bool hasDisplay(const DisplayEnvironment& environment) {
     return !environment.display.isEmpty() || !environment.waylandDisplay.isEmpty() ||
            needsNoDisplay(environment.qpaPlatform);
@@ -32,10 +37,6 @@ bool hasDisplay(const DisplayEnvironment& environment) {
 bool isDesktopSession() {
     return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
            (!qEnvironmentVariableIsEmpty("DISPLAY") && xServerAnswers());
-}
-
-bool isDisplayUsable() {
-    return needsNoDisplay(qEnvironmentVariable("QT_QPA_PLATFORM")) || isDesktopSession();
 }
 
 } // namespace orbisgrid

@@ -11,17 +11,16 @@ struct DisplayEnvironment {
     QString qpaPlatform;    ///< QT_QPA_PLATFORM: "name:options", several with ";" between
 };
 
-/// Whether a window can be shown: a display is named, or the first platform that Qt is told to use
-/// needs none. To be asked before a QApplication is made, which aborts where there is none.
+/// What this process's environment says.
+DisplayEnvironment displayEnvironment();
+
+/// Whether a window may be possible: a display is named, or the first platform that Qt is told to
+/// use needs none. Whether the display answers is not asked.
 bool hasDisplay(const DisplayEnvironment& environment);
 
 /// Whether this process runs in a desktop session that answers: under Wayland, or on an X server
 /// that can be connected to. Qt's platforms without a screen count for none. A DISPLAY left over
 /// from a session that has ended does not answer.
 bool isDesktopSession();
-
-/// Whether Qt will find a display for a window of this process: it is in a desktop session, or Qt
-/// is told to use a platform that needs none. A QApplication aborts where it does not.
-bool isDisplayUsable();
 
 } // namespace orbisgrid

@@ -1,10 +1,9 @@
 #include "platform/online.h"
 
-#include <array>
+#include "platform/safe_file.h"
+
+#include <algorithm>
 #include <charconv>
-#include <fstream>
-#include <iterator>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -16,12 +15,20 @@ namespace {
 constexpr unsigned long routeIsUp = 0x0001;
 constexpr unsigned long routeRejects = 0x0200;
 
-std::vector<std::string> words(const std::string& line) {
-    std::istringstream stream(line);
-    return {std::istream_iterator<std::string>(stream), {}};
+/// The parts of `text` between any of `separators`.
+std::vector<std::string_view> parts(std::string_view text, std::string_view separators) {
+    std::vector<std::string_view> found;
+    while (true) {
+        const std::size_t start = text.find_first_not_of(separators);
+        if (start == std::string_view::npos)
+            return found;
+        text.remove_prefix(start);
+        found.push_back(text.substr(0, text.find_first_of(separators)));
+        text.remove_prefix(found.back().size());
+    }
 }
 
-bool leadsOut(const std::string& interfaceName, const std::string& flags) {
+bool leadsOut(std::string_view interfaceName, std::string_view flags) {
     unsigned long bits = 0;
     const auto [end, error] = std::from_chars(flags.data(), flags.data() + flags.size(), bits, 16);
     return error == std::errc() && (bits & routeIsUp) != 0 && (bits & routeRejects) == 0 &&
@@ -29,31 +36,27 @@ bool leadsOut(const std::string& interfaceName, const std::string& flags) {
 }
 
 /// Interface, destination, gateway, flags, reference count, use, metric, mask, …
-bool isDefaultRoute(const std::vector<std::string>& route) {
+bool isDefaultRoute(const std::vector<std::string_view>& route) {
     return route.size() > 7 && route[1] == "00000000" && route[7] == "00000000" &&
            leadsOut(route[0], route[3]);
 }
 
 /// Destination, its length, source, its length, next hop, metric, reference count, use, flags,
 /// interface.
-bool isIpv6DefaultRoute(const std::vector<std::string>& route) {
+bool isIpv6DefaultRoute(const std::vector<std::string_view>& route) {
     return route.size() == 10 && route[0] == std::string(32, '0') && route[1] == "00" &&
            leadsOut(route[9], route[8]);
 }
 
 template <typename IsDefault>
 bool anyLine(std::string_view text, IsDefault isDefault) {
-    std::istringstream stream{std::string(text)};
-    for (std::string line; std::getline(stream, line);) {
-        if (isDefault(words(line)))
-            return true;
-    }
-    return false;
+    const std::vector<std::string_view> lines = parts(text, "\n");
+    return std::any_of(lines.begin(), lines.end(),
+                       [&](std::string_view line) { return isDefault(parts(line, " \t\r")); });
 }
 
-std::string contentOf(const char* path) {
-    std::ifstream file(path);
-    return {std::istreambuf_iterator<char>(file), {}};
+std::string contentOf(const QString& path) {
+    return readFile(path).value_or(std::string());
 }
 
 } // namespace
@@ -63,7 +66,8 @@ bool hasDefaultRoute(std::string_view routes, std::string_view ipv6Routes) {
 }
 
 bool isOnline() {
-    return hasDefaultRoute(contentOf("/proc/net/route"), contentOf("/proc/net/ipv6_route"));
+    return hasDefaultRoute(contentOf(QStringLiteral("/proc/net/route")),
+                           contentOf(QStringLiteral("/proc/net/ipv6_route")));
 }
 
 } // namespace orbisgrid

@@ -6,7 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSettings>
+#include <QStandardPaths>
 
 #include <algorithm>
 #include <utility>
@@ -32,7 +32,10 @@ PerUserStore::PerUserStore(QString filePath)
 QString PerUserStore::defaultFilePath() {
     const QString application = QString::fromUtf16(
         settingsApplication.data(), static_cast<qsizetype>(settingsApplication.size()));
-    return QSettings(QSettings::IniFormat, QSettings::UserScope, application).fileName();
+    // As QSettings would name it; asking it would make it read the file.
+    return QDir::cleanPath(QDir::current().absoluteFilePath(
+        QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u'/' +
+        application + QStringLiteral(".ini")));
 }
 
 std::optional<Text> PerUserStore::read(TextView key, TextView defaultValue) const {

@@ -28,24 +28,9 @@ inline std::vector<pid_t> keepersOn(const std::string& display) {
     return found;
 }
 
-/// Children of this process that have ended and that nobody has waited for.
-inline int zombiesOfThisProcess() {
-    int count = 0;
-    for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
-        std::ifstream file(entry.path() / "stat");
-        std::string line;
-        if (!std::getline(file, line))
-            continue;
-        // Behind the name in parentheses: the state, then the parent.
-        const std::string mark = ") Z " + std::to_string(::getpid()) + " ";
-        count += line.find(mark) != std::string::npos ? 1 : 0;
-    }
-    return count;
-}
-
-/// Waits up to five seconds for something that another process does. Result: whether it came.
+/// Waits up to half a minute for something that another process does. Result: whether it came.
 inline bool comesTrue(const std::function<bool()>& condition) {
-    for (int i = 0; i < 500; ++i) {
+    for (int i = 0; i < 3000; ++i) {
         if (condition())
             return true;
         ::usleep(10000);

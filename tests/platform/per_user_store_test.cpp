@@ -55,6 +55,22 @@ TEST(PerUserStore, LivesInTheConfigurationFolder) {
               folder.path("config/.config/ZZ9QX.ini\n"));
 }
 
+TEST(PerUserStore, LivesWhereQSettingsWouldPutIt) {
+    const TemporaryFolder folder;
+    for (const std::string& configuration :
+         {std::string(), folder.path("config"), folder.path("a//b/"), folder.path("Ж x"),
+          std::string("relative")}) {
+        EXPECT_EQ(inChild([&] {
+                      ::setenv("XDG_CONFIG_HOME", configuration.c_str(), 1);
+                      const QSettings settings(QSettings::IniFormat, QSettings::UserScope,
+                                               QStringLiteral("ZZ9QX"));
+                      return PerUserStore::defaultFilePath() == settings.fileName() ? 0 : 1;
+                  }),
+                  0)
+            << configuration;
+    }
+}
+
 TEST(PerUserStore, FirstStartsOfAProgram) {
     const TemporaryFolder folder;
     EXPECT_EQ(probe(folder, "start"), "1\n");
