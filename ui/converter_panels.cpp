@@ -127,8 +127,8 @@ void ConverterPanels::makeLabels() {
     m_lblDecNS->setObjectName(QStringLiteral("lblDecNS"));
     m_lblDecEW = captionLabel({});
     m_lblDecEW->setObjectName(QStringLiteral("lblDecEW"));
-    m_lblCompressed =
-        resultLabel(QStringLiteral("lblCompressed"), QStringLiteral("APRS compressed text"));
+    m_lblCompressed = resultLabel(QStringLiteral("lblCompressed"), m_form.converter.lblCompressed,
+                                  QStringLiteral("APRS compressed text"));
 }
 
 void ConverterPanels::makeButtons() {

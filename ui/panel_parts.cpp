@@ -13,7 +13,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QStyle>
-#include <QStyleOptionFrame>
+#include <QStyleOptionComboBox>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -60,12 +60,8 @@ QString withoutLineEnds(QString text) {
 QFrame* captionedFrame(const QString& caption, QLayout* content) {
     auto* frame = new QFrame;
     frame->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Plain));
-    auto* label = captionLabel(caption);
-    QFont font = label->font();
-    font.setBold(true);
-    label->setFont(font);
     auto* layout = new QVBoxLayout(frame);
-    layout->addWidget(label);
+    layout->addWidget(captionLabel(caption));
     layout->addLayout(content, 1);
     return frame;
 }
@@ -77,8 +73,8 @@ QLabel* captionLabel(const QString& text, QWidget* buddy) {
     return label;
 }
 
-QLabel* resultLabel(const QString& objectName, const QString& meaning) {
-    auto* label = new ResultLabel;
+QLabel* resultLabel(const QString& objectName, TextView text, const QString& meaning) {
+    auto* label = new ResultLabel(toQString(text));
     label->setObjectName(objectName);
     label->setAccessibleDescription(meaning); // never a name: it would hide the text
     return label;
@@ -108,6 +104,17 @@ void bindBox(QLineEdit& edit, TextBox& value, const QString& objectName, const Q
         else
             value.set(toText(text));
     });
+}
+
+void setLeastLetters(QComboBox& list, int count) {
+    // QComboBox::setMinimumContentsLength makes what drops down, which nobody may ever open.
+    QStyleOptionComboBox option;
+    option.initFrom(&list);
+    const QSize text(list.fontMetrics().horizontalAdvance(u'X') * count,
+                     list.fontMetrics().height());
+    list.setMinimumWidth(
+        list.style()->sizeFromContents(QStyle::CT_ComboBox, &option, text, &list).width());
+    list.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
 }
 
 void ignoreWheelWithoutFocus(QComboBox& list) {

@@ -21,9 +21,9 @@ QFrame* captionedFrame(const QString& caption, QLayout* content);
 /// A label whose text is a caption.
 QLabel* captionLabel(const QString& text, QWidget* buddy = nullptr);
 
-/// A label that shows a result; see ResultLabel. `meaning` is what a screen reader adds to the
-/// text, which is its name: "5637 Km, Distance in kilometres".
-QLabel* resultLabel(const QString& objectName, const QString& meaning);
+/// A label that shows a result, at first `text`; see ResultLabel. `meaning` is what a screen reader
+/// adds to the text, which is its name: "5637 Km, Distance in kilometres".
+QLabel* resultLabel(const QString& objectName, TextView text, const QString& meaning);
 
 /// A button with a picture. `tip` is its tool tip and, as there is no caption, its name for screen
 /// readers unless `accessibleName` says more.
@@ -33,6 +33,10 @@ QToolButton* glyphButton(const QString& objectName, Glyph glyph, const QString& 
 /// Names a box, gives it the maximum length of its value and the width of `widest`, and keeps the
 /// value at what the box holds. Line ends never get in: a box has one line.
 void bindBox(QLineEdit& edit, TextBox& value, const QString& objectName, const QString& widest);
+
+/// Makes a list wide enough for `count` letters whatever it holds; more room is used where there
+/// is.
+void setLeastLetters(QComboBox& list, int count);
 
 /// Leaves a list alone when the mouse wheel passes over it on its way: what was typed into the box
 /// beside it would be lost. With the focus it follows the wheel.

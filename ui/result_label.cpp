@@ -4,9 +4,10 @@
 
 namespace orbisgrid {
 
-ResultLabel::ResultLabel(QWidget* parent)
+ResultLabel::ResultLabel(const QString& text, QWidget* parent)
     : QLabel(parent) {
     setTextFormat(Qt::PlainText);
+    setText(text); // before the focus: a label that takes it makes a document of a text it is given
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::IBeamCursor);
 }

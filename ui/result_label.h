@@ -10,7 +10,7 @@ class ResultLabel : public QLabel {
     Q_OBJECT
 
 public:
-    explicit ResultLabel(QWidget* parent = nullptr);
+    explicit ResultLabel(const QString& text, QWidget* parent = nullptr);
 
 protected:
     bool event(QEvent* event) override;
