@@ -21,6 +21,7 @@ export ORBISGRID_PROGRAM_FOLDER="$box" XDG_RUNTIME_DIR="$box"
 unset WAYLAND_DISPLAY
 
 bin=build-benchmark/bin
-"$bin/start_up_benchmark" window "$rounds" "$bin/bare_window text" "$bin/bare_window" "$bin/orbisgrid"
+"$bin/start_up_benchmark" window "$rounds" "$bin/bare_window text" "$bin/bare_window" "$bin/bare_window widgets" \
+  "$bin/orbisgrid"
 "$bin/start_up_benchmark" command "$rounds" "$bin/bare_window end" "$bin/bare_window load" \
   "$bin/orbisgrid JO20AW FN42AA"

@@ -186,7 +186,10 @@ int main(int argc, char** argv) {
     std::vector<std::vector<Sample>> samples(commands.size());
     Screen screen;
     for (int round = -3; round < rounds; ++round) { // three rounds to warm up
-        for (std::size_t i = 0; i < commands.size(); ++i) {
+        for (std::size_t turn = 0; turn < commands.size(); ++turn) {
+            // Another one begins each round: what a command leaves behind hits all of them alike.
+            const std::size_t i = (turn + static_cast<std::size_t>(round + 3)) % commands.size();
+            ::usleep(20000); // and the server has time to tidy up
             const Sample sample =
                 isWindow ? runWindow(screen, commands[i]) : runCommand(commands[i]);
             if (round >= 0)
