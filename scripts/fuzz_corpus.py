@@ -58,6 +58,8 @@ SOURCES = [
     ("converter", "converter_chains", lambda fields: chain(fields[0])),
     ("converter", "calculate", lambda fields: "C" + fields[0] + ";" + fields[1]),
     ("converter", "converter_paste", lambda fields: "P" + fields[0]),
+    ("window", "converter_chains", lambda fields: chain(fields[0])),
+    ("window", "calculate", lambda fields: "C" + fields[0] + ";" + fields[1]),
 ]
 
 
