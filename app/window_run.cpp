@@ -6,6 +6,7 @@
 #include "platform/display.h"
 #include "platform/termination.h"
 #include "ui/app_icon.h"
+#include "ui/contrast_style.h"
 #include "ui/desktop_tool_registry.h"
 #include "ui/locator_converter.h"
 #include "ui/module1.h"
@@ -72,6 +73,7 @@ int runWindow(SettingsStore& store, const QString& programFolder, int& argc, cha
     qInstallMessageHandler(onMessageOfQt);
     QApplication application(argc, argv);
     qInstallMessageHandler(nullptr);
+    useContrastStyleWhereNeeded();
     DesktopToolRegistry registry;
     LocatorConverter window({store, programFolder, [] { return IsOnline(); }, registry});
     window.Form_Load();

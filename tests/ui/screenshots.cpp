@@ -2,6 +2,7 @@
 /// [width x height]. No test: what is beautiful is judged by eye. The scale comes from
 /// QT_SCALE_FACTOR.
 #include "tests/ui/main_window_fixture.h"
+#include "ui/contrast_style.h"
 
 #include <QApplication>
 #include <QPalette>
@@ -46,6 +47,7 @@ int main(int argc, char** argv) {
         QApplication::setPalette(darkPalette());
     if (look == QStringLiteral("contrast"))
         QApplication::setPalette(contrastPalette());
+    useContrastStyleWhereNeeded();
     if (const int points = arguments.value(3).toInt(); points > 0) {
         QFont font = QApplication::font();
         font.setPointSize(points);
