@@ -48,6 +48,12 @@ if(ORBISGRID_FUZZ)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
+option(ORBISGRID_MCDC "Count the conditions that decide by themselves (clang 18 or newer)" OFF)
+if(ORBISGRID_MCDC)
+  add_compile_options(-fprofile-instr-generate -fcoverage-mapping -fcoverage-mcdc -O0)
+  add_link_options(-fprofile-instr-generate)
+endif()
+
 option(ORBISGRID_COVERAGE "Count executed lines and branches (GCC)" OFF)
 if(ORBISGRID_COVERAGE)
   add_compile_options(--coverage -O0)

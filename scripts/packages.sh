@@ -13,7 +13,7 @@ PACKING_PACKAGES=(dpkg-dev file)
 PACKAGE_CHECK_PACKAGES=(lintian desktop-file-utils appstream man-db)
 
 # For ./test --all.
-ALL_PACKAGES=(libclang-rt-14-dev lld valgrind gcovr)
+ALL_PACKAGES=(libclang-rt-14-dev lld valgrind gcovr clang-19 llvm-19 libclang-rt-19-dev)
 
 # For the benchmarks; the peers to compare with are optional.
 BENCHMARK_PACKAGES=(libbenchmark-dev libxcb-damage0-dev)

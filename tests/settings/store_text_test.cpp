@@ -31,6 +31,26 @@ TEST_P(WithStoredValuesTest, ChangesNothingElse) {
 INSTANTIATE_TEST_SUITE_P(Rows, WithStoredValuesTest,
                          testing::ValuesIn(test::readTable("store_text.tsv", 2)), test::testName);
 
+class WrittenValueTest : public testing::TestWithParam<Row> {};
+
+TEST_P(WrittenValueTest, IsEscapedAndReadBack) {
+    const Row& row = GetParam();
+    const Text value = fromUtf8(row.fields[0]);
+    const std::string content = withStoredValues("", {{u"Path", value}});
+    EXPECT_EQ(content, "[Orbisgrid]\nPath=" + row.fields[1] + "\n");
+    EXPECT_EQ(storedValue(content, u"Path"), value);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, WrittenValueTest,
+                         testing::ValuesIn(test::readTable("store_written.tsv", 2)),
+                         test::testName);
+
+/// A folder's name may hold anything; half a pair is no character and is written as such.
+TEST(WithStoredValues, WritesAHighSurrogateWithoutItsPartner) {
+    const Text lone{u'a', char16_t{0xD83D}};
+    EXPECT_EQ(withStoredValues("", {{u"Path", lone}}), "[Orbisgrid]\nPath=a\xEF\xBF\xBD\n");
+}
+
 TEST(WithStoredValues, WritesSeveralInTheirOrder) {
     EXPECT_EQ(withStoredValues("", {{u"Path", u"/a b"}, {u"Version", u"3.1.1"}, {u"EXE", u"x"}}),
               "[Orbisgrid]\nPath=/a b\nVersion=3.1.1\nEXE=x\n");
