@@ -3,7 +3,6 @@
 #include "ui/qt_text.h"
 #include "ui/result_label.h"
 
-#include <QAccessible>
 #include <QClipboard>
 #include <QComboBox>
 #include <QEvent>
@@ -130,12 +129,8 @@ void showText(QLineEdit& edit, TextView text) {
 
 void showText(QLabel& label, TextView text) {
     const QString shown = toQString(text);
-    if (label.text() == shown)
-        return;
-    label.setText(shown);
-    // A label's text is its name; screen readers are told that it is another one now.
-    QAccessibleEvent renamed(&label, QAccessible::NameChanged);
-    QAccessible::updateAccessibility(&renamed);
+    if (label.text() != shown)
+        label.setText(shown); // tells screen readers too: a label's text is its name
 }
 
 void copyToClipboard(const Text& text) {
