@@ -220,6 +220,11 @@ bool isOneLine(const Text& text) {
 
 } // namespace orbisgrid::fuzz
 
+/// What fontconfig has loaded stays until the end, as the application does.
+extern "C" const char* __lsan_default_suppressions() {
+    return "leak:libfontconfig";
+}
+
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace orbisgrid;
     fuzz::Desktop& desktop = fuzz::desktop();
