@@ -1,6 +1,7 @@
 #include "app/command_line_job.h"
 
 #include "platform/clipboard_keeper.h"
+#include "platform/clipboard_route.h"
 #include "platform/display.h"
 #include "platform/endless_wait.h"
 #include "platform/safe_file.h"
@@ -11,6 +12,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace orbisgrid {
@@ -43,6 +45,18 @@ bool print(std::FILE* stream, const Text& text) {
     return std::fflush(stream) == 0 && isWritten;
 }
 
+void reportClipboard(bool isCopied) {
+    const QString waylandDisplay = qEnvironmentVariable("WAYLAND_DISPLAY");
+    const bool isDisplayNamed = hasDisplay({qEnvironmentVariable("DISPLAY"), waylandDisplay, {}});
+    if (!isCopied && isDisplayNamed)
+        std::ignore = std::fputs("orbisgrid: the clipboard could not be reached.\n", stderr);
+    // It has the text for the X programs; whether others get it is the compositor's to decide.
+    if (isCopied && !waylandDisplay.isEmpty() && clipboardRoute() == ClipboardRoute::x11Keeper)
+        std::ignore = std::fputs("orbisgrid: the clipboard could not be reached for certain; under "
+                                 "Wayland that takes wl-copy (package wl-clipboard).\n",
+                                 stderr);
+}
+
 } // namespace
 
 void reportWithoutWindow(const Message& message, int& argc, char** argv) {
@@ -68,10 +82,7 @@ int runCommandLineJob(const CommandLine& commandLine, const QString& programFold
     bool isPrinted = true;
     if (!result.refused)
         isPrinted = print(stdout, result.printed);
-    const bool isCopied = clipboard.wait();
-    if (!isCopied &&
-        hasDisplay({qEnvironmentVariable("DISPLAY"), qEnvironmentVariable("WAYLAND_DISPLAY"), {}}))
-        static_cast<void>(std::fputs("orbisgrid: the clipboard could not be reached.\n", stderr));
+    reportClipboard(clipboard.wait());
     for (const Message& message : kept.messages())
         reportWithoutWindow(message, argc, argv);
     return result.refused || !isPrinted ? 1 : 0;

@@ -46,6 +46,7 @@ int run(int argc, char** argv) {
 int main(int argc, char** argv) {
     provideHome();
     const int status = run(argc, argv);
+    // What the libraries would take down goes with the process; a job need not wait for that.
     std::fflush(nullptr);
     std::_Exit(status);
 }

@@ -56,8 +56,10 @@ void setIconOnceDrawn(const QObject& window) {
 /// A text that was copied here would be lost with this process: a keeper takes it over.
 void handClipboardOver() {
     const QClipboard& clipboard = *QApplication::clipboard();
-    const bool isOurs = clipboard.ownsClipboard() && clipboardHasOwner();
-    if (isOurs && clipboardRoute() == ClipboardRoute::x11Keeper && !clipboard.text().isEmpty())
+    // On X11 Qt says so even after another program has cleared the clipboard.
+    const bool isOurs = clipboard.ownsClipboard() &&
+                        (QApplication::platformName() != u"xcb" || clipboardHasOwner());
+    if (isOurs && clipboardRoute() != ClipboardRoute::none && !clipboard.text().isEmpty())
         startClipboardKeeper(QCoreApplication::applicationFilePath(), clipboard.text());
 }
 

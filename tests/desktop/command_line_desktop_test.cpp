@@ -164,6 +164,17 @@ protected:
     Program m_program;
 };
 
+TEST_F(CommandLineDesktopTest, WithoutTheToolOfWaylandTheClipboardIsNotCertain) {
+    const ShellResult result = test::shell(
+        "env WAYLAND_DISPLAY=wayland-7 ORBISGRID_PROGRAM_FOLDER=" + m_program.folder().string() +
+        " XDG_CONFIG_HOME=" + m_program.configFolder().string() + " PATH=/nowhere " +
+        ORBISGRID_PROGRAM + " jo20aw fn42aa 2>&1 >/dev/null");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_NE(result.output.find("wl-copy"), std::string::npos);
+    EXPECT_EQ(result.output.find('\n'), result.output.size() - 1);
+    EXPECT_EQ(test::clipboardText(), withCarriageReturns(report)) << "X programs have it";
+}
+
 TEST_F(CommandLineDesktopTest, TheReportIsOnTheClipboardAfterTheEnd) {
     const ShellResult result = m_program.run("jo20aw fn42aa");
     EXPECT_EQ(result.status, 0);
