@@ -34,11 +34,23 @@ is_writable() {
   [ -w "$1" ]
 }
 
+# One for all starts. Somebody else may have made it first: then it is not to be trusted.
+temporary_folder() {
+  own=${TMPDIR:-/tmp}/orbisgrid-$(id -u)
+  mkdir -m 700 "$own" 2>/dev/null
+  # shellcheck disable=SC3067 # every sh of Debian's knows -O
+  if [ -O "$own" ] && [ ! -L "$own" ]; then
+    echo "$own"
+  else
+    mktemp -d
+  fi
+}
+
 # Where the user's folders cannot be written the program works all the same, until the session ends.
 session_folder() {
   [ -n "$session" ] && return 0
   session=$XDG_RUNTIME_DIR
-  [ -n "$session" ] && [ -w "$session" ] || session=$(mktemp -d) || exit 1
+  [ -n "$session" ] && [ -w "$session" ] || session=$(temporary_folder) || exit 1
   session=$session/orbisgrid
   echo "orbisgrid: cannot write in $1; this session keeps its lists and settings in $session" >&2
 }

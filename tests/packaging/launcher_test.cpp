@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace orbisgrid {
 
@@ -183,6 +184,21 @@ TEST_F(LauncherTest, WithoutASessionFolderItTakesATemporaryOne) {
     EXPECT_EQ(result.status, 0);
     EXPECT_NE(result.output.find(m_scratch.path("temporary").string()), std::string::npos);
     EXPECT_NE(result.output.find(test::reportStart), std::string::npos) << result.output;
+    run("/dev/null", "TMPDIR='" + m_scratch.path("temporary").string() + "'");
+    EXPECT_EQ(std::distance(fs::directory_iterator(m_scratch.path("temporary")), {}), 1)
+        << "the same one again";
+}
+
+TEST_F(LauncherTest, ATemporaryFolderOfSomebodyElseIsNotTaken) {
+    const fs::path temporary = m_scratch.path("temporary");
+    fs::create_directory(temporary);
+    const fs::path trap = temporary / ("orbisgrid-" + std::to_string(::getuid()));
+    fs::create_directory_symlink(m_scratch.path("elsewhere"), trap);
+    fs::create_directory(m_scratch.path("elsewhere"));
+    const ShellResult result = run("/dev/null", "TMPDIR='" + temporary.string() + "'");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_NE(result.output.find(test::reportStart), std::string::npos) << result.output;
+    EXPECT_TRUE(fs::is_empty(m_scratch.path("elsewhere")));
 }
 
 } // namespace
