@@ -1,4 +1,5 @@
 #include "panels/system_info.h"
+#include "tests/support/accessible_tree.h"
 #include "tests/support/dialog_watchdog.h"
 #include "tests/support/sealed_box.h"
 #include "ui/about_window.h"
@@ -183,6 +184,11 @@ private Q_SLOTS:
             QCOMPARE(m_about->focusWidget()->objectName(), control);
             QTest::keyClick(m_about->focusWidget(), Qt::Key_Tab);
         }
+    }
+
+    void everyControlWithTheFocusHasAName() {
+        open(1);
+        QCOMPARE(test::controlsThatSayNothing(*m_about), QStringList());
     }
 
     void noTextIsCut_data() {

@@ -1,3 +1,4 @@
+#include "tests/support/accessible_tree.h"
 #include "tests/support/dialog_watchdog.h"
 #include "tests/support/sealed_box.h"
 #include "ui/help_window.h"
@@ -217,6 +218,24 @@ private Q_SLOTS:
         expectQuestion(QString(), QStringLiteral("one"));
         QTest::keyClick(&findLink(), static_cast<Qt::Key>(key));
         QCOMPARE(selected(), QStringLiteral("one"));
+    }
+
+    void tabLeadsThroughTheWindowAndBack() {
+        open("one\n");
+        QVERIFY(text().hasFocus());
+        QTest::keyClick(m_help.get(), Qt::Key_Tab);
+        QVERIFY(findLink().hasFocus());
+        QTest::keyClick(m_help.get(), Qt::Key_Tab);
+        QVERIFY(text().hasFocus());
+        QTest::keyClick(m_help.get(), Qt::Key_Backtab);
+        QVERIFY(findLink().hasFocus());
+        QTest::keyClick(m_help.get(), Qt::Key_Backtab);
+        QVERIFY(text().hasFocus());
+    }
+
+    void everyControlWithTheFocusHasAName() {
+        open("one\n");
+        QCOMPARE(test::controlsThatSayNothing(*m_help), QStringList());
     }
 
     void findLinkLooksLikeALink() {

@@ -1,3 +1,4 @@
+#include "tests/support/accessible_tree.h"
 #include "tests/ui/main_window_fixture.h"
 #include "ui/qt_text.h"
 
@@ -419,16 +420,42 @@ private Q_SLOTS:
 
     void everyControlWithTheFocusHasAName() {
         m_main->open();
-        for (QWidget* widget : m_main->window().findChildren<QWidget*>()) {
-            if (widget->focusPolicy() == Qt::NoFocus || !widget->isVisible())
+        QCOMPARE(test::controlsThatSayNothing(m_main->window()), QStringList());
+        m_main->edit("txtHome").setAccessibleName({});
+        m_main->button("Command9").setAccessibleName({});
+        m_main->button("Command9").setText({});
+        QVERIFY2(!test::controlsThatSayNothing(m_main->window()).isEmpty(), "it would be found");
+    }
+
+    void noTextIsCut_data() {
+        QTest::addColumn<int>("points");
+        for (const int points : {8, 10, 14, 18})
+            QTest::addRow("%d points", points) << points;
+    }
+
+    void noTextIsCut() {
+        QFETCH(const int, points);
+        const QFont before = QApplication::font();
+        QFont font = before;
+        font.setPointSize(points);
+        QApplication::setFont(font);
+        const auto restored = qScopeGuard([&] { QApplication::setFont(before); });
+        m_main->open();
+        m_main->edit("txtHome").setText(QStringLiteral("JO20AW"));
+        m_main->edit("txtTarget").setText(QStringLiteral("FN42AA"));
+        m_main->click("cmdCalculateDistDir");
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::processEvents();
+        for (const auto* widget : m_main->window().findChildren<QWidget*>()) {
+            const bool showsText = qobject_cast<const QLabel*>(widget) != nullptr ||
+                                   qobject_cast<const QAbstractButton*>(widget) != nullptr;
+            if (!showsText || !widget->isVisible())
                 continue;
-            auto* interface = QAccessible::queryAccessibleInterface(widget);
-            QVERIFY2(interface != nullptr, qPrintable(widget->objectName()));
-            const bool showsItself = qobject_cast<QLabel*>(widget) != nullptr;
-            if (!showsItself)
-                QVERIFY2(!interface->text(QAccessible::Name).isEmpty(),
-                         qPrintable(widget->objectName()));
+            QVERIFY2(widget->width() >= widget->sizeHint().width() &&
+                         widget->height() >= widget->sizeHint().height() - 1,
+                     qPrintable(widget->objectName() + u' ' + widget->property("text").toString()));
         }
+        QVERIFY(m_main->window().height() <= m_main->window().screen()->availableSize().height());
     }
 
 private:

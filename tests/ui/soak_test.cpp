@@ -85,7 +85,7 @@ private:
         m_answersYes = true;
         m_main->click(qstrcmp(name, "cmbHome") == 0 ? "cmdClear_0" : "cmdClear_1");
         m_answersYes = false;
-        forgetCounts();
+        forgetLists();
     }
 
     QString randomText() {
@@ -172,7 +172,7 @@ private:
         const bool isClearing = QByteArray(name).startsWith("cmdClear");
         m_main->click(name);
         if (isClearing)
-            forgetCounts();
+            forgetLists();
         return QString::fromLatin1(name);
     }
 
@@ -206,12 +206,31 @@ private:
     // What holds whatever was done ----------------------------------------------------------
 
     /// Lists are emptied by their buttons and by nothing else.
-    void forgetCounts() { m_homes = m_targets = 0; }
+    void forgetLists() {
+        m_homes.clear();
+        m_targets.clear();
+    }
+
+    /// Whether the list has all that it had, in that order, and puts down what it has now.
+    static bool keeps(const QComboBox& list, QStringList& items) {
+        QStringList now;
+        for (int i = 0; i < list.count(); ++i)
+            now.append(list.itemText(i));
+        qsizetype next = 0;
+        for (const QString& item : items) {
+            next = now.indexOf(item, next) + 1;
+            if (next == 0)
+                return false;
+        }
+        items = now;
+        return true;
+    }
 
     QString brokenInvariant() {
+        const QString azimuth = m_main->text("lblAzimuth");
         if (!m_main->text("lblDistKm").endsWith(QStringLiteral(" Km")) ||
             !m_main->text("lblDistMile").endsWith(QStringLiteral(" Miles")) ||
-            !m_main->text("lblAzimuth").endsWith(QStringLiteral("egrees")))
+            !(azimuth.endsWith(QStringLiteral(" degrees")) || azimuth == u"0 Degrees"))
             return QStringLiteral("a label without its unit");
         for (const char* name : boxes()) {
             const QLineEdit& box = m_main->edit(name);
@@ -222,11 +241,9 @@ private:
             if (m_main->list(name).currentIndex() < 0 || m_main->list(name).count() != 2)
                 return QStringLiteral("a hemisphere that is none");
         }
-        if (m_main->list("cmbHome").count() < m_homes ||
-            m_main->list("cmbTarget").count() < m_targets)
+        if (!keeps(m_main->list("cmbHome"), m_homes) ||
+            !keeps(m_main->list("cmbTarget"), m_targets))
             return QStringLiteral("a list that lost an entry");
-        m_homes = m_main->list("cmbHome").count();
-        m_targets = m_main->list("cmbTarget").count();
         return m_main->window().isVisible() ? QString() : QStringLiteral("no window");
     }
 
@@ -234,8 +251,8 @@ private:
     std::mt19937 m_random;
     int m_boxes = 0;
     bool m_answersYes = false;
-    int m_homes = 0;
-    int m_targets = 0;
+    QStringList m_homes;
+    QStringList m_targets;
 };
 
 QTEST_MAIN(SoakTest)
