@@ -183,6 +183,7 @@ void Converter::DecimalCoordinates(Messages& messages) {
     const DecimalCoordinatesResult result =
         orbisgrid::DecimalCoordinates(txtDecLong.text(), txtDecLat.text());
     if (result.outcome == DecimalCoordinatesOutcome::unreadable) {
+        // Misspelt as it has always been shown.
         messages.show({u"Could not calucate/convert locator. Please check the input fields for "
                        u"correct values.",
                        {},

@@ -3,12 +3,13 @@
 /// whatever else the machine does hits each of them alike; medians are printed, and each as a ratio
 /// of the first command's.
 ///
-///     start_up_benchmark window|command <rounds> <shell command> ...
+///     start_up_benchmark window|command <rounds> <command> ...
 ///
 /// Needs DISPLAY: an X server without other windows (scripts/benchmark_start_up.sh starts one).
 #include <xcb/damage.h>
 #include <xcb/xcb.h>
 
+#include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -19,6 +20,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -117,11 +120,20 @@ private:
     int m_damageEvent = 0;
 };
 
+/// Without a shell, whose own start would be measured too: a command's parts stand between blanks.
 pid_t start(const std::string& command) {
+    std::istringstream stream(command);
+    std::vector<std::string> parts{std::istream_iterator<std::string>(stream), {}};
+    std::vector<char*> arguments;
+    for (std::string& part : parts)
+        arguments.push_back(part.data());
+    arguments.push_back(nullptr);
     const pid_t child = ::fork();
     if (child == 0) {
-        const std::string line = "exec " + command + " >/dev/null 2>&1";
-        ::execl("/bin/sh", "sh", "-c", line.c_str(), nullptr);
+        const int nothing = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+        ::dup2(nothing, STDOUT_FILENO);
+        ::dup2(nothing, STDERR_FILENO);
+        ::execv(arguments.front(), arguments.data());
         ::_exit(127);
     }
     return child;
@@ -132,6 +144,8 @@ void waitForEnd(pid_t child, Sample& sample) {
     int status = 0;
     if (::wait4(child, &status, 0, &usage) != child)
         fail("cannot wait");
+    if (WIFEXITED(status) && WEXITSTATUS(status) != 0)
+        fail("a command failed");
     sample.memory = static_cast<double>(usage.ru_maxrss) / 1024;
 }
 
@@ -179,7 +193,7 @@ void print(const char* title, const std::vector<std::vector<Sample>>& samples,
 
 int main(int argc, char** argv) {
     if (argc < 4)
-        fail("window|command <rounds> <shell command> ...");
+        fail("window|command <rounds> <command> ...");
     const bool isWindow = std::strcmp(argv[1], "window") == 0;
     const int rounds = std::atoi(argv[2]);
     const std::vector<std::string> commands(argv + 3, argv + argc);
