@@ -45,7 +45,7 @@ def main():
             if line["count"] > 0 and all(taken):
                 continue
             place = f"{file['file']}: {source[line['line_number'] - 1].strip()}"
-            if place in explained:
+            if f"`{place}`" in explained:
                 excluded += 1
             else:
                 unexplained += 1

@@ -17,10 +17,10 @@ run_target() { # <executions> <target>
   esac
   mkdir -p "build-fuzz/found/$target"
   log=build-fuzz/$target.log
-  if "build-fuzz/fuzz/${target}_fuzz" -runs="$runs" -max_len=$longest -timeout=30 -seed=1 \
+  if "build-fuzz/fuzz/${target}_fuzz" -runs="$runs" -max_len=$longest -timeout=30 \
     -artifact_prefix="build-fuzz/crash-$target-" \
     "build-fuzz/found/$target" "fuzz/corpus/$target" >"$log" 2>&1; then
-    echo "$target: $(grep -oE 'Done [0-9]+ runs in [0-9]+ second' "$log")s"
+    echo "$target: $(grep -oE 'Seed: [0-9]+' "$log"), $(grep -oE 'Done [0-9]+ runs in [0-9]+ second' "$log")s"
   else
     echo "$target: FAILED"
     grep -E 'differs:|ERROR|runtime error|Test unit written' "$log" || tail -20 "$log"
@@ -33,6 +33,8 @@ if [ "${1:-}" = --one ]; then
   exit
 fi
 
+. scripts/packages.sh
+install_missing "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}" "${ALL_PACKAGES[@]}"
 runs=${1:-10000000}
 shift || true
 cmake --preset fuzz >/dev/null

@@ -61,7 +61,7 @@ def main():
         if missing == 0:
             continue
         text = (ROOT / name).read_text(encoding="utf-8").splitlines()[line - 1].strip()
-        if f"{name}: {text}" in explained:
+        if f"`{name}: {text}`" in explained:
             excluded += missing
         else:
             unexplained += missing

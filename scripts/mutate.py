@@ -7,7 +7,7 @@ tests of the changed room: a change that no test notices has survived.
     scripts/mutate.py --again LOG core        only the changes that an earlier run's output names
 
 Everything happens in build-mutation; the sources are only read. A change that does not compile does
-not count. Survivors are compared with docs/mutation.md, which says of each why it changes nothing
+not count. Headers are left alone. Survivors are compared with docs/mutation.md, which says of each why it changes nothing
 that can be observed. Exit status: 0 where every survivor is explained there and of the changes that
 can be observed at least 95 of 100 are killed."""
 
@@ -81,8 +81,7 @@ def changes_of(path):
     code = code_only(text)
     found = []
     for pattern, replacement in CHANGES:
-        if replacement is not None:
-            found += [(match.start(), match.end(), replacement) for match in re.finditer(pattern, code)]
+        found += [(match.start(), match.end(), replacement) for match in re.finditer(pattern, code)]
     found += [(match.start(), match.end(), other_number(match.group()))
               for match in NUMBER.finditer(code)]
     found += [(match.start(), match.end(), "u'\\u0105'" if match.group(1) != "\\u0105" else "u'x'")
@@ -139,7 +138,7 @@ def is_noticed(room, changed, program):
         tests = [str(object_of(path)) for path in expanded(patterns) + SUPPORT]
         link = ["g++", "-fuse-ld=lld", "-o", str(program)] + tests + objects + LIBRARIES
         if run(link) != 0:
-            return True
+            raise RuntimeError("does not link: " + " ".join(link))
         try:
             if run([str(program), "--gtest_fail_fast"], timeout=SECONDS) != 0:
                 return True
@@ -171,16 +170,21 @@ def explained():
 
 
 def report(names, outcomes):
-    killed = outcomes.count("killed")
-    survivors = [name for name, result in zip(names, outcomes) if result == "survived"]
+    """Prints each survivor as soon as it is known, and the share of the killed at the end."""
     known = explained()
-    unknown = [name for name in survivors if name not in known]
-    for name in survivors:
-        print(("explained: " if name in known else "SURVIVED:  ") + name)
+    results = []
+    survivors = []
+    for name, result in zip(names, outcomes):
+        results.append(result)
+        if result == "survived":
+            survivors.append(name)
+            print(("explained: " if f"`{name}`" in known else "SURVIVED:  ") + name, flush=True)
+    killed = results.count("killed")
+    unknown = [name for name in survivors if f"`{name}`" not in known]
     of_all = 100 * killed / max(1, killed + len(survivors))
     share = 100 * killed / max(1, killed + len(unknown))
     print(f"{killed} killed, {len(survivors)} survived ({len(unknown)} of them unexplained), "
-          f"{outcomes.count(None)} did not compile: {share:.1f} % of what can be observed killed "
+          f"{results.count(None)} did not compile: {share:.1f} % of what can be observed killed "
           f"({of_all:.1f} % of all)")
     return killed > 0 and share >= 95 and not unknown
 
@@ -211,8 +215,8 @@ def main():
         return 2
     print(f"{len(work)} changes", flush=True)
     with concurrent.futures.ThreadPoolExecutor(options.jobs) as pool:
-        outcomes = list(pool.map(lambda item: outcome(item[0], *item[1]), enumerate(work)))
-    return 0 if report(names, outcomes) else 1
+        outcomes = pool.map(lambda item: outcome(item[0], *item[1]), enumerate(work))
+        return 0 if report(names, outcomes) else 1
 
 
 if __name__ == "__main__":
