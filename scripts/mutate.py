@@ -7,9 +7,9 @@ tests of the changed room: a change that no test notices has survived.
     scripts/mutate.py --again LOG core        only the changes that an earlier run's output names
 
 Everything happens in build-mutation; the sources are only read. A change that does not compile does
-not count. Headers are left alone. Survivors are compared with docs/mutation.md, which says of each why it changes nothing
-that can be observed. Exit status: 0 where every survivor is explained there and of the changes that
-can be observed at least 95 of 100 are killed."""
+not count. Headers are left alone. Survivors are compared with docs/mutation.md, which says of each
+why it changes nothing that can be observed. Exit status: 0 where every survivor is explained there
+and of the changes that can be observed at least 95 of 100 are killed."""
 
 import argparse
 import concurrent.futures

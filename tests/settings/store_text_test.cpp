@@ -51,6 +51,10 @@ TEST(WithStoredValues, WritesAHighSurrogateWithoutItsPartner) {
     EXPECT_EQ(withStoredValues("", {{u"Path", lone}}), "[Orbisgrid]\nPath=a\xEF\xBF\xBD\n");
 }
 
+TEST(StoredValue, AHexadecimalEscapeWithoutDigitsIsAZero) {
+    EXPECT_EQ(storedValue("[Orbisgrid]\nPath=\\xz\n", u"Path"), (Text{u'\0', u'z'}));
+}
+
 TEST(WithStoredValues, WritesSeveralInTheirOrder) {
     EXPECT_EQ(withStoredValues("", {{u"Path", u"/a b"}, {u"Version", u"3.1.1"}, {u"EXE", u"x"}}),
               "[Orbisgrid]\nPath=/a b\nVersion=3.1.1\nEXE=x\n");
