@@ -78,7 +78,9 @@ void compareMasks(double value) {
     if (magnitude > 1e9)
         return;
     const double five = leadingNumber(fiveDecimalMask(magnitude));
-    require(std::fabs(five - magnitude) <= 0.000005000001, "five decimals");
+    // Half of the last decimal, and the distance between two doubles for what is read back.
+    const double furthest = 0.000005 + magnitude * 2.3e-16;
+    require(std::fabs(five - magnitude) <= furthest, "five decimals");
     require(leadingNumber(wholeMask(value, 3)) == std::round(value), "whole mask");
 }
 
