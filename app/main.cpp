@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -47,6 +48,6 @@ int main(int argc, char** argv) {
     provideHome();
     const int status = run(argc, argv);
     // What the libraries would take down goes with the process; a job need not wait for that.
-    std::fflush(nullptr);
+    std::ignore = std::fflush(nullptr);
     std::_Exit(status);
 }
