@@ -1,6 +1,7 @@
 #include "panels/system_info.h"
 #include "tests/support/accessible_tree.h"
 #include "tests/support/dialog_watchdog.h"
+#include "tests/support/font_size.h"
 #include "tests/support/sealed_box.h"
 #include "ui/about_window.h"
 #include "ui/addresses.h"
@@ -191,19 +192,11 @@ private Q_SLOTS:
         QCOMPARE(test::controlsThatSayNothing(*m_about), QStringList());
     }
 
-    void noTextIsCut_data() {
-        QTest::addColumn<int>("points");
-        for (const int points : {8, 10, 14, 18})
-            QTest::addRow("%d points", points) << points;
-    }
+    void noTextIsCut_data() { test::addFontSizes(); }
 
     void noTextIsCut() {
         QFETCH(const int, points);
-        const QFont before = QApplication::font();
-        QFont font = before;
-        font.setPointSize(points);
-        QApplication::setFont(font);
-        const auto restored = qScopeGuard([&] { QApplication::setFont(before); });
+        const test::FontSize size(points);
         open(1);
         for (const auto* label : m_about->findChildren<QLabel*>()) {
             const int needed = label->wordWrap() ? label->heightForWidth(label->width())

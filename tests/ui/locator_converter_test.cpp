@@ -1,4 +1,5 @@
 #include "tests/support/accessible_tree.h"
+#include "tests/support/font_size.h"
 #include "tests/ui/main_window_fixture.h"
 #include "ui/qt_text.h"
 
@@ -427,19 +428,11 @@ private Q_SLOTS:
         QVERIFY2(!test::controlsThatSayNothing(m_main->window()).isEmpty(), "it would be found");
     }
 
-    void noTextIsCut_data() {
-        QTest::addColumn<int>("points");
-        for (const int points : {8, 10, 14, 18})
-            QTest::addRow("%d points", points) << points;
-    }
+    void noTextIsCut_data() { test::addFontSizes(); }
 
     void noTextIsCut() {
         QFETCH(const int, points);
-        const QFont before = QApplication::font();
-        QFont font = before;
-        font.setPointSize(points);
-        QApplication::setFont(font);
-        const auto restored = qScopeGuard([&] { QApplication::setFont(before); });
+        const test::FontSize size(points);
         m_main->open();
         m_main->edit("txtHome").setText(QStringLiteral("JO20AW"));
         m_main->edit("txtTarget").setText(QStringLiteral("FN42AA"));
