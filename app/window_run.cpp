@@ -80,6 +80,7 @@ int runWindow(SettingsStore& store, const QString& programFolder, int& argc, cha
     LocatorConverter window({store, programFolder, [] { return IsOnline(); }, registry});
     window.Form_Load();
     window.show();
+    window.countUse();
     setIconOnceDrawn(window);
 
     const Termination termination([&window] { window.close(); });

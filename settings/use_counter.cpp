@@ -22,12 +22,14 @@ std::optional<Text> nextUseCounter(std::int32_t counter) {
     return plainText(static_cast<double>(counter + 1));
 }
 
-std::int32_t advanceUseCounter(SettingsStore& store) {
+std::int32_t readUseCounter(const SettingsStore& store) {
     const std::optional<Text> stored = store.read(useCounterKey, u"1");
-    const std::int32_t counter = stored ? useCounterFrom(*stored) : 0;
+    return stored ? useCounterFrom(*stored) : 0;
+}
+
+void advanceUseCounter(SettingsStore& store, std::int32_t counter) {
     if (const std::optional<Text> next = nextUseCounter(counter))
         store.write({{Text(useCounterKey), *next}});
-    return counter;
 }
 
 } // namespace orbisgrid

@@ -17,9 +17,12 @@ std::int32_t useCounterFrom(TextView stored);
 /// cannot be advanced: the store then keeps what it has.
 std::optional<Text> nextUseCounter(std::int32_t counter);
 
-/// Reads "UseCounter" (default "1": the first start shows 1) and stores the next one.
-/// Result: the number of this start; 0 when the store cannot be read. A store that cannot be
-/// written is passed over without a word: the count is then the same at the next start.
-std::int32_t advanceUseCounter(SettingsStore& store);
+/// Reads "UseCounter" (default "1": the first start shows 1). Result: the number of this start; 0
+/// when the store cannot be read.
+std::int32_t readUseCounter(const SettingsStore& store);
+
+/// Stores what the next start is to find after one with the number `counter`. A store that cannot
+/// be written is passed over without a word: the count is then the same at the next start.
+void advanceUseCounter(SettingsStore& store, std::int32_t counter);
 
 } // namespace orbisgrid

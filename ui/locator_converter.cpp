@@ -158,8 +158,12 @@ void LocatorConverter::makeShortcuts() {
 void LocatorConverter::Form_Load() {
     LoadINI();
     QCoreApplication::processEvents();
-    m_useCounter = advanceUseCounter(m_surroundings.store);
+    m_useCounter = readUseCounter(m_surroundings.store);
     checkWebUpdates();
+}
+
+void LocatorConverter::countUse() {
+    advanceUseCounter(m_surroundings.store, m_useCounter);
 }
 
 void LocatorConverter::LoadINI() {

@@ -43,6 +43,10 @@ public:
     /// path and version by then. Does not return without an INI file (see LoadINI).
     void Form_Load();
 
+    /// Stores the next use's number. To be called once, after the window is shown: the window
+    /// manager puts it on the screen while the file is written, and no failure is reported.
+    void countUse();
+
     /// Writes the INI file: lists, defaults, options and the window's position. No failure is
     /// reported.
     void SaveINI();

@@ -1,7 +1,7 @@
 #include "platform/per_user_store.h"
-#include "settings/use_counter.h"
 #include "tests/platform/temporary_folder.h"
 #include "tests/support/child.h"
+#include "tests/support/one_start.h"
 
 #include <QSettings>
 
@@ -173,10 +173,10 @@ TEST(PerUserStore, CounterThatAnEditorChanged) {
     PerUserStore store(folder.qPath("store.ini"));
     folder.make("store.ini", "[Orbisgrid]\nUseCounter=8,5\n");
     EXPECT_EQ(counterIn(store), u"8,5");
-    EXPECT_EQ(advanceUseCounter(store), 8);
+    EXPECT_EQ(test::oneStart(store), 8);
     EXPECT_EQ(counterIn(store), u"9");
     folder.make("store.ini", "[Orbisgrid]\r\nUseCounter=12abc\r\nno key in this line\r\n");
-    EXPECT_EQ(advanceUseCounter(store), 12);
+    EXPECT_EQ(test::oneStart(store), 12);
 }
 
 /// Two contents of one size within a tick of the file system's clock.

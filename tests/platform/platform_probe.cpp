@@ -4,7 +4,7 @@
 #include "platform/home_folder.h"
 #include "platform/per_user_store.h"
 #include "platform/program_folder.h"
-#include "settings/use_counter.h"
+#include "tests/support/one_start.h"
 
 #include <cstdio>
 #include <string_view>
@@ -22,7 +22,7 @@ int main(int argc, char** argv) {
         orbisgrid::PerUserStore store;
         if (!orbisgrid::RegistryStuff(store, orbisgrid::programFolder().toStdU16String(), u"3.1.1"))
             return 3;
-        std::printf("%d\n", orbisgrid::advanceUseCounter(store));
+        std::printf("%d\n", orbisgrid::test::oneStart(store));
     } else
         return 2;
     return 0;

@@ -1,5 +1,6 @@
 #include "settings/use_counter.h"
 #include "tests/settings/memory_store.h"
+#include "tests/support/one_start.h"
 #include "tests/support/table.h"
 
 namespace orbisgrid {
@@ -23,7 +24,7 @@ TEST_P(UseCounterTest, IsAdvancedInTheStore) {
     const Row& row = GetParam();
     MemoryStore store;
     store.values[u"UseCounter"] = row.text(0);
-    EXPECT_EQ(advanceUseCounter(store), row.number(1));
+    EXPECT_EQ(test::oneStart(store), row.number(1));
     const std::string left = row.fields[2] == "none" ? row.fields[0] : row.fields[2];
     EXPECT_EQ(toUtf8(store.values[u"UseCounter"]), left);
 }
@@ -34,16 +35,16 @@ INSTANTIATE_TEST_SUITE_P(Rows, UseCounterTest,
 TEST(UseCounter, FirstStartShowsOneAndStoresTwo) {
     MemoryStore store;
     EXPECT_TRUE(RegistryStuff(store, u"/", u"3.1.1"));
-    EXPECT_EQ(advanceUseCounter(store), 1);
+    EXPECT_EQ(test::oneStart(store), 1);
     EXPECT_EQ(store.values[u"UseCounter"], u"2");
-    EXPECT_EQ(advanceUseCounter(store), 2);
+    EXPECT_EQ(test::oneStart(store), 2);
 }
 
 TEST(UseCounter, UnreadableStoreGivesZero) {
     MemoryStore store;
     store.isReadable = store.isWritable = false;
     store.values[u"UseCounter"] = Text(u"9");
-    EXPECT_EQ(advanceUseCounter(store), 0);
+    EXPECT_EQ(test::oneStart(store), 0);
     EXPECT_EQ(store.values[u"UseCounter"], u"9");
 }
 
@@ -51,7 +52,7 @@ TEST(UseCounter, UnwritableStoreIsPassedOver) {
     MemoryStore store;
     store.isWritable = false;
     store.values[u"UseCounter"] = Text(u"9");
-    EXPECT_EQ(advanceUseCounter(store), 9);
+    EXPECT_EQ(test::oneStart(store), 9);
     EXPECT_EQ(store.values[u"UseCounter"], u"9");
 }
 

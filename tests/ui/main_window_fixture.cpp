@@ -41,6 +41,7 @@ void MainWindow::open(const QByteArray& ini) {
         Surroundings{*m_store, m_box.programFolder(), [this] { return m_isOnline; }, m_registry});
     m_window->Form_Load();
     m_window->show();
+    m_window->countUse();
     m_window->activateWindow();
     if (!QTest::qWaitForWindowActive(m_window.get()))
         qFatal("the window does not become active");
