@@ -1,13 +1,11 @@
 #include "app/command_line_job.h"
 
+#include "app/window_library.h"
 #include "platform/clipboard_keeper.h"
 #include "platform/clipboard_route.h"
 #include "platform/display.h"
 #include "platform/endless_wait.h"
 #include "platform/safe_file.h"
-#include "ui/window_messages.h"
-
-#include <QApplication>
 
 #include <algorithm>
 #include <cstdio>
@@ -60,12 +58,11 @@ void reportClipboard(bool isCopied) {
 } // namespace
 
 void reportWithoutWindow(const Message& message, int& argc, char** argv) {
-    if (isDesktopSession()) {
-        const QApplication application(argc, argv);
-        showMessageBox(nullptr, message);
-    } else {
+    const WindowLibrary* windows = isDesktopSession() ? loadWindowLibrary() : nullptr;
+    if (windows != nullptr)
+        windows->showMessage(message, argc, argv);
+    else
         print(stderr, message.text);
-    }
 }
 
 int runCommandLineJob(const CommandLine& commandLine, const QString& programFolder, int& argc,

@@ -1,5 +1,5 @@
 #include "app/command_line_job.h"
-#include "app/window_run.h"
+#include "app/window_library.h"
 #include "platform/clipboard_keeper.h"
 #include "platform/home_folder.h"
 #include "platform/per_user_store.h"
@@ -37,8 +37,10 @@ int run(int argc, char** argv) {
     PerUserStore store;
     if (!RegistryStuff(store, toText(folder), versionText))
         return refuseStore(argc, argv);
-    if (commandLine.job == CommandLine::Job::none)
-        return runWindow(store, folder, argc, argv);
+    if (commandLine.job == CommandLine::Job::none) {
+        const WindowLibrary* windows = loadWindowLibrary();
+        return windows == nullptr ? 1 : windows->runWindow(store, folder, argc, argv);
+    }
     return runCommandLineJob(commandLine, folder, argc, argv);
 }
 

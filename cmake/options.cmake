@@ -15,16 +15,23 @@ if(ORBISGRID_WERROR)
   target_compile_options(orbisgrid_options INTERFACE -Werror)
 endif()
 
+# The rooms go into an executable and into a library; neither shows its names to the other.
+include(CheckPIESupported)
+check_pie_supported()
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+
 # What Debian builds its programs with.
 option(ORBISGRID_HARDENING "Make attacks over memory errors harder" ON)
 if(ORBISGRID_HARDENING AND NOT ORBISGRID_SANITIZE AND CMAKE_BUILD_TYPE MATCHES "^Rel")
   # The last one: no folder of the machine that builds it in the program.
-  add_compile_options(-fPIE -fstack-protector-strong -fstack-clash-protection -D_FORTIFY_SOURCE=2
+  add_compile_options(-fstack-protector-strong -fstack-clash-protection -D_FORTIFY_SOURCE=2
     -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
   if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64")
     add_compile_options(-fcf-protection)
   endif()
-  add_link_options(-pie -Wl,-z,relro,-z,now)
+  add_link_options(LINKER:-z,relro,-z,now)
 endif()
 
 # What the Qt rooms add: no silent char* to QString, no connection without a context object.

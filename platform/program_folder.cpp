@@ -20,6 +20,10 @@ QString programFolder() {
     const QString named = QFile::decodeName(qgetenv("ORBISGRID_PROGRAM_FOLDER"));
     if (!named.isEmpty())
         return withoutTrailingSeparators(QDir::current().absoluteFilePath(named));
+    return executableFolder();
+}
+
+QString executableFolder() {
     // Not by argv[0], which the caller chooses, and not by QCoreApplication, which the command line
     // does without.
     const QString executable = QFile::symLinkTarget(QStringLiteral("/proc/self/exe"));

@@ -14,4 +14,9 @@ namespace orbisgrid {
 /// Needs no QCoreApplication. Where the system does not say which file runs, the current folder.
 QString programFolder();
 
+/// The folder that holds the executable, links resolved, whatever takes its place as the program
+/// folder: what belongs to the executable lies there. Where the system does not say which file
+/// runs, the current folder.
+QString executableFolder();
+
 } // namespace orbisgrid

@@ -50,7 +50,7 @@ nothing_is_left() {
       return 1
     fi
   done <"$1"
-  [ ! -e /usr/lib/orbisgrid ] && [ ! -e /usr/share/doc/orbisgrid ] && ! is_installed
+  [ ! -e /usr/libexec/orbisgrid ] && [ ! -e /usr/share/doc/orbisgrid ] && ! is_installed
 }
 
 scratch=

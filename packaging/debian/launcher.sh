@@ -1,11 +1,11 @@
 #!/bin/sh
 # Starts Orbisgrid with a program folder of the user's own. The program keeps its lists beside itself,
-# which is /usr/lib/orbisgrid here: nobody but root may write there, and everybody would share them.
+# which is /usr/libexec/orbisgrid here: nobody but root may write there, and everybody would share them.
 # So each user has a folder with an INI file and the manual in it, made at the first start.
 
 # Beside this script where the package lies unpacked elsewhere than in the system's folders.
-packaged=${0%/*}/../lib/orbisgrid
-[ -x "$packaged/orbisgrid" ] || packaged=/usr/lib/orbisgrid
+packaged=${0%/*}/../libexec/orbisgrid
+[ -x "$packaged/orbisgrid" ] || packaged=/usr/libexec/orbisgrid
 
 # Nothing is shared and nothing is written over: neither by a second start at the same moment (a
 # link is made only where no file is), nor by one that a full disk ends.

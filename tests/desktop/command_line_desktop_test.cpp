@@ -96,6 +96,30 @@ TEST(CommandLineWithoutDisplay, WritesNeitherTheFileNorTheCounter) {
     EXPECT_EQ(store.output.find("UseCounter"), std::string::npos);
 }
 
+TEST(CommandLineWithoutDisplay, LoadsNoWidgets) {
+    const std::string libraries =
+        test::shell("LD_TRACE_LOADED_OBJECTS=1 " ORBISGRID_PROGRAM).output;
+    EXPECT_NE(libraries.find("libQt6Core"), std::string::npos) << libraries;
+    EXPECT_EQ(libraries.find("libQt6Gui"), std::string::npos) << libraries;
+    EXPECT_EQ(libraries.find("libQt6Widgets"), std::string::npos) << libraries;
+}
+
+TEST(CommandLineWithoutDisplay, NeedsNoLibraryOfWindows) {
+    const Program program;
+    const std::filesystem::path lonely = program.folder() / "orbisgrid";
+    std::filesystem::copy_file(ORBISGRID_PROGRAM, lonely);
+    const std::string command =
+        "env -u DISPLAY -u WAYLAND_DISPLAY XDG_CONFIG_HOME=" + program.configFolder().string() +
+        " " + lonely.string();
+    EXPECT_EQ(test::shell(command + " -CJO20AW 2>&1").output, allNotations);
+    const ShellResult window = test::shell(command + " 2>&1");
+    EXPECT_EQ(window.status, 1);
+    EXPECT_TRUE(window.output.starts_with("orbisgrid: no window: " + program.folder().string() +
+                                          "/orbisgrid-window.so: cannot open"))
+        << window.output;
+    EXPECT_EQ(window.output.find('\n'), window.output.size() - 1);
+}
+
 TEST(CommandLineWithoutDisplay, AFullOutputIsAFailure) {
     const Program program;
     EXPECT_EQ(program.runWithoutDisplay("jo20aw fn42aa", ">/dev/full").status, 1);

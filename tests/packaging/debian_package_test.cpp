@@ -46,9 +46,10 @@ protected:
 TEST_F(DebianPackageTest, HasItsFiles) {
     std::set<std::string> expected{
         "-rwxr-xr-x root/root ./usr/bin/orbisgrid",
-        "-rw-r--r-- root/root ./usr/lib/orbisgrid/Orbisgrid.ini",
-        "-rw-r--r-- root/root ./usr/lib/orbisgrid/Readme.txt",
-        "-rwxr-xr-x root/root ./usr/lib/orbisgrid/orbisgrid",
+        "-rw-r--r-- root/root ./usr/libexec/orbisgrid/Orbisgrid.ini",
+        "-rw-r--r-- root/root ./usr/libexec/orbisgrid/Readme.txt",
+        "-rwxr-xr-x root/root ./usr/libexec/orbisgrid/orbisgrid",
+        "-rw-r--r-- root/root ./usr/libexec/orbisgrid/orbisgrid-window.so",
         "-rw-r--r-- root/root ./usr/share/applications/orbisgrid.desktop",
         "-rw-r--r-- root/root ./usr/share/bash-completion/completions/orbisgrid",
         "-rw-r--r-- root/root ./usr/share/doc/orbisgrid/changelog.Debian.gz",

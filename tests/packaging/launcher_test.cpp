@@ -33,7 +33,7 @@ protected:
     static std::string launcher() { return (root() / "usr/bin/orbisgrid").string(); }
 
     static std::string packagedIni() {
-        return contentOf(root() / "usr/lib/orbisgrid/Orbisgrid.ini");
+        return contentOf(root() / "usr/libexec/orbisgrid/Orbisgrid.ini");
     }
 
     static fs::path folderOf(const fs::path& home) { return home / ".local/share/orbisgrid"; }

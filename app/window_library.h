@@ -1,0 +1,27 @@
+#pragma once
+
+#include "panels/message.h"
+#include "settings/settings_store.h"
+
+#include <QString>
+
+namespace orbisgrid {
+
+/// What needs Qt's widgets. It is a file of its own beside the executable, orbisgrid-window.so, as
+/// the widgets and what they draw with take two thirds of the time of a job on the command line,
+/// which has no use for them.
+struct WindowLibrary {
+    /// Runs the main window until it is closed or the session ends. Result: the exit status. There
+    /// must be no QApplication yet. Without a display it says so in a line on standard error,
+    /// status 1.
+    int (*runWindow)(SettingsStore& store, const QString& programFolder, int& argc, char** argv);
+
+    /// Shows a message box without a window. There must be no QApplication yet.
+    void (*showMessage)(const Message& message, int& argc, char** argv);
+};
+
+/// Loads the library; it stays loaded. Result: nothing where it cannot be loaded, after a line on
+/// standard error that says why.
+const WindowLibrary* loadWindowLibrary();
+
+} // namespace orbisgrid
