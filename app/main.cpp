@@ -1,6 +1,7 @@
 #include "app/command_line_job.h"
 #include "app/window_library.h"
 #include "platform/clipboard_keeper.h"
+#include "platform/font_configuration.h"
 #include "platform/home_folder.h"
 #include "platform/per_user_store.h"
 #include "platform/program_folder.h"
@@ -33,15 +34,18 @@ int run(int argc, char** argv) {
     if (isClipboardKeeperRole())
         return runClipboardKeeper();
     const CommandLine commandLine = commandLineOf(argc, argv);
+    const bool isWindow = commandLine.job == CommandLine::Job::none;
+    FontConfiguration fonts;
+    if (isWindow)
+        fonts.startReading();
     const QString folder = programFolder();
     PerUserStore store;
     if (!RegistryStuff(store, toText(folder), versionText))
         return refuseStore(argc, argv);
-    if (commandLine.job == CommandLine::Job::none) {
-        const WindowLibrary* windows = loadWindowLibrary();
-        return windows == nullptr ? 1 : windows->runWindow(store, folder, argc, argv);
-    }
-    return runCommandLineJob(commandLine, folder, argc, argv);
+    if (!isWindow)
+        return runCommandLineJob(commandLine, folder, argc, argv);
+    const WindowLibrary* windows = loadWindowLibrary();
+    return windows == nullptr ? 1 : windows->runWindow(store, folder, fonts, argc, argv);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "panels/message.h"
+#include "platform/font_configuration.h"
 #include "settings/settings_store.h"
 
 #include <QString>
@@ -11,10 +12,11 @@ namespace orbisgrid {
 /// the widgets and what they draw with take two thirds of the time of a job on the command line,
 /// which has no use for them.
 struct WindowLibrary {
-    /// Runs the main window until it is closed or the session ends. Result: the exit status. There
-    /// must be no QApplication yet. Without a display it says so in a line on standard error,
-    /// status 1.
-    int (*runWindow)(SettingsStore& store, const QString& programFolder, int& argc, char** argv);
+    /// Runs the main window until it is closed or the session ends; waits for the fonts before it
+    /// makes the window. Result: the exit status. There must be no QApplication yet. Without a
+    /// display it says so in a line on standard error, status 1.
+    int (*runWindow)(SettingsStore& store, const QString& programFolder, FontConfiguration& fonts,
+                     int& argc, char** argv);
 
     /// Shows a message box without a window. There must be no QApplication yet.
     void (*showMessage)(const Message& message, int& argc, char** argv);

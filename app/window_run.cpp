@@ -65,7 +65,8 @@ void handClipboardOver() {
 
 } // namespace
 
-int runWindow(SettingsStore& store, const QString& programFolder, int& argc, char** argv) {
+int runWindow(SettingsStore& store, const QString& programFolder, FontConfiguration& fonts,
+              int& argc, char** argv) {
     if (!hasDisplay(displayEnvironment()))
         return refuseWithoutDisplay();
     // The title of the boxes is given to each of them: an application display name would be
@@ -75,6 +76,7 @@ int runWindow(SettingsStore& store, const QString& programFolder, int& argc, cha
     qInstallMessageHandler(onMessageOfQt);
     QApplication application(argc, argv);
     qInstallMessageHandler(nullptr);
+    fonts.wait();
     useContrastStyleWhereNeeded();
     DesktopToolRegistry registry;
     LocatorConverter window({store, programFolder, [] { return IsOnline(); }, registry});

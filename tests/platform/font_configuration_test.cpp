@@ -1,0 +1,112 @@
+#include "platform/font_configuration.h"
+#include "platform/shared_library.h"
+#include "tests/platform/temporary_folder.h"
+#include "tests/support/child.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+namespace orbisgrid {
+
+namespace {
+
+using test::inChild;
+using test::TemporaryFolder;
+
+/// The folders of fonts that the configuration in memory names; where none is in memory fontconfig
+/// reads it now.
+std::string folderOfFonts() {
+    const SharedLibrary library(QStringLiteral("libfontconfig.so.1"));
+    const auto get = [&](const char* name) { return library.function(name); };
+    void* folders = reinterpret_cast<void* (*)(void*)>(get("FcConfigGetFontDirs"))(nullptr);
+    const char* first = reinterpret_cast<const char* (*)(void*)>(get("FcStrListNext"))(folders);
+    return first == nullptr ? "" : first;
+}
+
+/// A configuration with a folder of fonts that no other one names.
+std::string makeConfiguration(const TemporaryFolder& folder) {
+    std::filesystem::create_directory(folder.path("fonts"));
+    return folder.make("fonts.conf", "<?xml version=\"1.0\"?><!DOCTYPE fontconfig SYSTEM"
+                                     " \"fonts.dtd\"><fontconfig><dir>" +
+                                         folder.path("fonts") + "</dir><cachedir>" +
+                                         folder.path("cache") + "</cachedir></fontconfig>");
+}
+
+TEST(FontConfiguration, IsInMemoryOnceItIsRead) {
+    const TemporaryFolder folder;
+    const std::string file = makeConfiguration(folder);
+    EXPECT_EQ(inChild([&] {
+                  ::setenv("FONTCONFIG_FILE", file.c_str(), 1);
+                  FontConfiguration fonts;
+                  fonts.startReading();
+                  fonts.wait();
+                  std::filesystem::remove(file);
+                  return folderOfFonts() == folder.path("fonts") ? 0 : 1;
+              }),
+              0);
+    EXPECT_FALSE(std::filesystem::exists(file)) << "the child did not come so far";
+}
+
+TEST(FontConfiguration, IsNotReadUnlessStarted) {
+    const TemporaryFolder folder;
+    const std::string file = makeConfiguration(folder);
+    EXPECT_EQ(inChild([&] {
+                  ::setenv("FONTCONFIG_FILE", file.c_str(), 1);
+                  FontConfiguration fonts;
+                  fonts.wait();
+                  std::filesystem::remove(file);
+                  return folderOfFonts() == folder.path("fonts") ? 1 : 0;
+              }),
+              0);
+}
+
+TEST(FontConfiguration, TheEndOfTheObjectWaitsForTheReading) {
+    const TemporaryFolder folder;
+    const std::string file = makeConfiguration(folder);
+    EXPECT_EQ(inChild([&] {
+                  ::setenv("FONTCONFIG_FILE", file.c_str(), 1);
+                  { FontConfiguration().startReading(); }
+                  std::filesystem::remove(file);
+                  return folderOfFonts() == folder.path("fonts") ? 0 : 1;
+              }),
+              0);
+}
+
+TEST(FontConfiguration, TheVariableThatQtRemovesIsTheLastOne) {
+    EXPECT_EQ(inChild([] {
+                  ::clearenv();
+                  ::setenv("DESKTOP_STARTUP_ID", "a-1", 1);
+                  ::setenv("HOME", "/nowhere", 1);
+                  FontConfiguration fonts;
+                  fonts.startReading();
+                  fonts.wait();
+                  char** last = environ;
+                  while (last[1] != nullptr)
+                      ++last;
+                  return std::string(*last) == "DESKTOP_STARTUP_ID=a-1" ? 0 : 1;
+              }),
+              0);
+}
+
+TEST(SharedLibrary, HasItsFunctions) {
+    const SharedLibrary library(QStringLiteral("libm.so.6"));
+    const auto cosine = reinterpret_cast<double (*)(double)>(library.function("cos"));
+    ASSERT_NE(cosine, nullptr);
+    EXPECT_EQ(cosine(0), 1);
+    EXPECT_EQ(library.function("nothing_of_this_name"), nullptr);
+    EXPECT_TRUE(SharedLibrary::whatIsWrong().contains(QStringLiteral("nothing_of_this_name")));
+}
+
+TEST(SharedLibrary, SaysWhyThereIsNone) {
+    const SharedLibrary library(QStringLiteral("/nowhere/Ж.so"));
+    EXPECT_EQ(library.function("cos"), nullptr);
+    EXPECT_TRUE(SharedLibrary::whatIsWrong().startsWith(QStringLiteral("/nowhere/")));
+    EXPECT_EQ(SharedLibrary::whatIsWrong(), QString()) << "each reason is told once";
+}
+
+} // namespace
+
+} // namespace orbisgrid
