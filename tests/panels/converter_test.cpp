@@ -76,6 +76,21 @@ TEST(ConverterMessages, LongitudeDegreesDoNot) {
     EXPECT_EQ(converter.txtDecLat.text(), u"50.");
 }
 
+TEST(ConverterMessages, DegreesThatAreNumbersAreAccepted) {
+    RecordedMessages messages;
+    Converter converter;
+    converter.txtlatdms[0].set(u"50");
+    converter.txtlondms[0].set(u"4");
+    EXPECT_TRUE(converter.cmdOkDMS_Click(messages)) << "the window moves the focus on";
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST(ConverterLists, HaveTwoHemispheresEach) {
+    const Converter converter;
+    for (const HemisphereList* list : {&converter.cmbDmsNS, &converter.cmbDmsWE})
+        EXPECT_EQ(list->items.size(), 2U);
+}
+
 TEST(ConverterBoxes, HaveTheirMaximumLengths) {
     const Converter converter;
     EXPECT_EQ(converter.txtLocator.maximumLength(), 10U);

@@ -88,6 +88,12 @@ HomeTarget calculated(TextView home, TextView target) {
     return panel;
 }
 
+TEST(Sides, AreTwoAndCountFromHome) {
+    EXPECT_EQ(static_cast<std::size_t>(Side::Home), 0U);
+    EXPECT_EQ(static_cast<std::size_t>(Side::Target), 1U);
+    EXPECT_EQ(bothSides.size(), 2U);
+}
+
 TEST(CalculateLists, RememberEachLocatorOnce) {
     const HomeTarget panel = calculated(u"JO20", u"FN42");
     EXPECT_EQ(panel.cmbHome.items, std::vector<Text>{u"JO20LL"});

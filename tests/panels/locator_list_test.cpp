@@ -14,6 +14,10 @@ TEST(LocatorList, AppendsInTheOrderOfComing) {
     EXPECT_EQ(list.items, (std::vector<Text>{u"JO21AA", u"AA00AA"}));
 }
 
+TEST(LocatorList, NothingSelectedIsWhatAComboBoxCallsIt) {
+    EXPECT_EQ(LocatorList().ListIndex, -1);
+}
+
 TEST(LocatorList, TextIsTheSelectedItem) {
     LocatorList list;
     EXPECT_EQ(list.text(), u"");

@@ -80,6 +80,11 @@ INSTANTIATE_TEST_SUITE_P(Rows, GetKeyValueTest,
                          testing::ValuesIn(test::readTable("system_info_values.tsv", 5)),
                          test::testName);
 
+TEST(ToolRegistry, HasTheNumbersThatARegistryIsAskedWith) {
+    EXPECT_EQ(ToolRegistry::localMachine, 0x80000002U);
+    EXPECT_EQ(ToolRegistry::allAccess, 0x2003FU);
+}
+
 TEST(GetKeyValue, AsksWithAllAccessAndAnEmptyBufferOf1024Characters) {
     FakeRegistry registry;
     registry.values[u"key"][u"name"] = {ToolRegistry::stringValue, u"x"};
