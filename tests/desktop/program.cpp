@@ -85,6 +85,10 @@ ShellResult Program::runWithoutDisplay(const std::string& arguments,
                  redirections);
 }
 
+std::string Program::windowCommand(const std::string& variables) const {
+    return environment() + variables + " " + ORBISGRID_PROGRAM;
+}
+
 std::string Program::startWindow(int seconds) {
     const ShellResult started =
         shell(environment() + ORBISGRID_PROGRAM + " >/dev/null 2>&1 & echo $!");

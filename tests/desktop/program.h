@@ -27,6 +27,9 @@ public:
                                   const std::string& redirections = {},
                                   const std::string& variables = {}) const;
 
+    /// The shell's command that starts the window, with `variables` ("NAME=value ...") set.
+    std::string windowCommand(const std::string& variables) const;
+
     /// Starts the window in the background and waits until it is on the screen and has a frame.
     /// Result: its window id; empty if it did not come within `seconds`.
     std::string startWindow(int seconds = 60);

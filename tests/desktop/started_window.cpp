@@ -96,6 +96,10 @@ std::string StartedWindow::property(const std::string& name) const {
 
 int StartedWindow::close() {
     key("ctrl+q");
+    return waitForEnd();
+}
+
+int StartedWindow::waitForEnd() {
     int status = 0;
     if (!waitFor(60, [&] { return ::waitpid(m_process, &status, WNOHANG) == m_process; }))
         return -1;

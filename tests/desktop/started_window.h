@@ -29,9 +29,12 @@ public:
     /// What xprop says of a property; empty if it does not come within half a minute.
     std::string property(const std::string& name) const;
 
-    /// Presses Ctrl+Q and waits. Result: the exit status, 1000 and the signal's number after a
-    /// signal, -1 where it still runs after a minute.
+    /// Presses Ctrl+Q and waits as `waitForEnd` does.
     int close();
+
+    /// Waits. Result: the exit status, 1000 and the signal's number after a signal, -1 where it
+    /// still runs after a minute.
+    int waitForEnd();
 
 private:
     pid_t m_process = -1;
