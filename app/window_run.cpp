@@ -73,6 +73,10 @@ int runWindow(SettingsStore& store, const QString& programFolder, FontConfigurat
     // appended to every title.
     QApplication::setApplicationName(applicationTitle());
     QApplication::setDesktopFileName(QStringLiteral("orbisgrid"));
+    // At 1.25 or 1.5 the style's lines lie between pixels, and the last row of a button is lost.
+    // Rounded, the fonts make up for the difference, and everything else follows them.
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+        Qt::HighDpiScaleFactorRoundingPolicy::RoundPreferFloor);
     qInstallMessageHandler(onMessageOfQt);
     QApplication application(argc, argv);
     qInstallMessageHandler(nullptr);

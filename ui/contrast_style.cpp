@@ -1,5 +1,7 @@
 #include "ui/contrast_style.h"
 
+#include "ui/edge.h"
+
 #include <QApplication>
 #include <QPainter>
 #include <QPalette>
@@ -16,13 +18,9 @@ bool standsOut(const QStyleOption& option) {
            (button != nullptr && button->features.testFlag(QStyleOptionButton::DefaultButton));
 }
 
-void drawEdge(const QStyleOption& option, QPainter& painter) {
-    painter.save();
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(
-        option.palette.color(standsOut(option) ? QPalette::Highlight : QPalette::WindowText));
-    painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
-    painter.restore();
+void drawEdgeOf(const QStyleOption& option, QPainter& painter) {
+    const auto role = standsOut(option) ? QPalette::Highlight : QPalette::WindowText;
+    drawEdge(painter, option.rect, option.palette.color(role));
 }
 
 bool hasEdge(QStyle::PrimitiveElement element) {
@@ -49,14 +47,14 @@ void ContrastStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
                                   QPainter* painter, const QWidget* widget) const {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     if (hasEdge(element))
-        drawEdge(*option, *painter);
+        drawEdgeOf(*option, *painter);
 }
 
 void ContrastStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                        QPainter* painter, const QWidget* widget) const {
     QProxyStyle::drawComplexControl(control, option, painter, widget);
     if (control == CC_ComboBox)
-        drawEdge(*option, *painter);
+        drawEdgeOf(*option, *painter);
 }
 
 void useContrastStyleWhereNeeded() {

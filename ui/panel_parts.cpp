@@ -1,5 +1,7 @@
 #include "ui/panel_parts.h"
 
+#include "ui/contrast_style.h"
+#include "ui/edge.h"
 #include "ui/qt_text.h"
 #include "ui/result_label.h"
 
@@ -11,6 +13,7 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 #include <QStyle>
 #include <QStyleOptionComboBox>
 #include <QToolButton>
@@ -45,6 +48,23 @@ protected:
     }
 };
 
+/// A frame with the style's measures.
+class PanelFrame : public QFrame {
+public:
+    PanelFrame() { setFrameStyle(int(QFrame::StyledPanel) | int(QFrame::Plain)); }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        constexpr int asTheStyleDoes = 140;
+        const QColor window = palette().color(QPalette::Window);
+        const QColor color = ContrastStyle::isNeeded(palette())
+                                 ? palette().color(QPalette::WindowText)
+                                 : window.darker(asTheStyleDoes);
+        QPainter painter(this);
+        drawEdge(painter, rect(), color);
+    }
+};
+
 QString withoutLineEnds(QString text) {
     const auto isLineEnd = [](QChar c) {
         return c == u'\n' || c == u'\r' || c == QChar::LineSeparator ||
@@ -57,8 +77,7 @@ QString withoutLineEnds(QString text) {
 } // namespace
 
 QFrame* captionedFrame(const QString& caption, QLayout* content) {
-    auto* frame = new QFrame;
-    frame->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Plain));
+    auto* frame = new PanelFrame;
     auto* layout = new QVBoxLayout(frame);
     layout->addWidget(captionLabel(caption));
     layout->addLayout(content, 1);
