@@ -209,6 +209,7 @@ void LocatorConverter::checkWebUpdates() {
     if (!m_surroundings.isOnline()) {
         m_homeTarget->hideMapButton();
     } else if (m_useCounter % every == remainder) {
+        countUse(); // should this start end now, the next one is not to open the page again
         QString homePage;
         OpenWebPage(homePage);
     }

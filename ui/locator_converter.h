@@ -43,8 +43,9 @@ public:
     /// path and version by then. Does not return without an INI file (see LoadINI).
     void Form_Load();
 
-    /// Stores the next use's number. To be called once, after the window is shown: the window
-    /// manager puts it on the screen while the file is written, and no failure is reported.
+    /// Stores the next use's number, which belongs to Form_Load. To be called after the window is
+    /// shown: the window manager puts it on the screen while the file is written. A second call
+    /// changes nothing, no failure is reported.
     void countUse();
 
     /// Writes the INI file: lists, defaults, options and the window's position. No failure is

@@ -133,6 +133,15 @@ TEST_F(WindowDesktopTest, TypedLocatorsAreKeptInTheFile) {
     EXPECT_NE(m_program.ini().find("[Target data]\r\nFN42AA\r\n[**end**]\r\n"), std::string::npos);
 }
 
+TEST_F(WindowDesktopTest, EachStartIsCounted) {
+    const std::string store = (m_program.configFolder() / "ZZ9QX.ini").string();
+    for (const char* next : {"UseCounter=2\n", "UseCounter=3\n"}) {
+        open();
+        close();
+        EXPECT_EQ(shell("grep UseCounter " + store).output, next);
+    }
+}
+
 TEST_F(WindowDesktopTest, ACopiedTextOutlivesTheWindow) {
     open();
     calculate("jo20aw", "fn42aa");
