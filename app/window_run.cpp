@@ -77,6 +77,8 @@ int runWindow(SettingsStore& store, const QString& programFolder, FontConfigurat
     // Rounded, the fonts make up for the difference, and everything else follows them.
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::RoundPreferFloor);
+    if (mayUseWayland(displayEnvironment()))
+        fonts.wait();
     qInstallMessageHandler(onMessageOfQt);
     QApplication application(argc, argv);
     qInstallMessageHandler(nullptr);

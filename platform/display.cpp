@@ -26,12 +26,18 @@ bool xServerAnswers() {
 
 DisplayEnvironment displayEnvironment() {
     return {qEnvironmentVariable("DISPLAY"), qEnvironmentVariable("WAYLAND_DISPLAY"),
-            qEnvironmentVariable("QT_QPA_PLATFORM")};
+            qEnvironmentVariable("QT_QPA_PLATFORM"), qEnvironmentVariable("XDG_SESSION_TYPE")};
 }
 
 bool hasDisplay(const DisplayEnvironment& environment) {
     return !environment.display.isEmpty() || !environment.waylandDisplay.isEmpty() ||
            needsNoDisplay(environment.qpaPlatform);
+}
+
+bool mayUseWayland(const DisplayEnvironment& environment) {
+    const QString wayland = QStringLiteral("wayland");
+    return !environment.waylandDisplay.isEmpty() || environment.qpaPlatform.contains(wayland) ||
+           environment.sessionType == wayland;
 }
 
 bool isDesktopSession() {

@@ -6,9 +6,10 @@ namespace orbisgrid {
 
 /// What the environment says about displays; empty for a variable that is not set.
 struct DisplayEnvironment {
-    QString display;        ///< DISPLAY
-    QString waylandDisplay; ///< WAYLAND_DISPLAY
-    QString qpaPlatform;    ///< QT_QPA_PLATFORM: "name:options", several with ";" between
+    QString display;          ///< DISPLAY
+    QString waylandDisplay;   ///< WAYLAND_DISPLAY
+    QString qpaPlatform;      ///< QT_QPA_PLATFORM: "name:options", several with ";" between
+    QString sessionType = {}; ///< XDG_SESSION_TYPE: "x11", "wayland"
 };
 
 /// What this process's environment says.
@@ -17,6 +18,9 @@ DisplayEnvironment displayEnvironment();
 /// Whether a window may be possible: a display is named, or the first platform that Qt is told to
 /// use needs none. Whether the display answers is not asked.
 bool hasDisplay(const DisplayEnvironment& environment);
+
+/// Whether Qt may open its window under Wayland. Where it is certain of X11: false.
+bool mayUseWayland(const DisplayEnvironment& environment);
 
 /// Whether this process runs in a desktop session that answers: under Wayland, or on an X server
 /// that can be connected to. Qt's platforms without a screen count for none. A DISPLAY left over

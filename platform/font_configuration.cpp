@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 
+#include <clocale>
 #include <system_error>
 
 namespace orbisgrid {
@@ -35,6 +36,8 @@ void FontConfiguration::startReading() {
     if (initialize == nullptr)
         return;
     makeRemovalHarmless();
+    // The decimal point must not change while numbers are read.
+    std::setlocale(LC_ALL, "");
     try {
         m_reader = std::thread(initialize);
     } catch (const std::system_error&) {

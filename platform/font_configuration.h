@@ -17,8 +17,10 @@ public:
     FontConfiguration(FontConfiguration&&) = delete;
     FontConfiguration& operator=(FontConfiguration&&) = delete;
 
-    /// To be called once, while no other thread runs. From then until `wait` has returned nobody
-    /// may set a variable of the environment; to make a QApplication is allowed.
+    /// To be called once, while no other thread runs. Takes over the user's locale, as a
+    /// QApplication does. From then until `wait` has returned nobody may set a variable of the
+    /// environment or change the locale. To make a QApplication is allowed on X11; under Wayland
+    /// desktops' themes set variables while it is made.
     void startReading();
 
     /// Returns once it is read; at once where that has not been started.

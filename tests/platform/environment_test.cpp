@@ -33,6 +33,15 @@ TEST_P(DisplayTest, IsFoundByTheEnvironment) {
 INSTANTIATE_TEST_SUITE_P(Rows, DisplayTest, testing::ValuesIn(test::readTable("display.tsv", 4)),
                          test::testName);
 
+TEST(Display, MayBeWaylands) {
+    EXPECT_FALSE(mayUseWayland({}));
+    EXPECT_FALSE(mayUseWayland({QStringLiteral(":0"), {}, QStringLiteral("xcb")}));
+    EXPECT_FALSE(mayUseWayland({QStringLiteral(":0"), {}, {}, QStringLiteral("x11")}));
+    EXPECT_TRUE(mayUseWayland({QStringLiteral(":0"), QStringLiteral("wayland-0"), {}}));
+    EXPECT_TRUE(mayUseWayland({{}, {}, QStringLiteral("xcb;wayland-egl")}));
+    EXPECT_TRUE(mayUseWayland({{}, {}, {}, QStringLiteral("wayland")}));
+}
+
 TEST(Display, EnvironmentOfThisProcess) {
     const auto with = [](const char* name, const char* value) {
         return test::inChild([&] {
