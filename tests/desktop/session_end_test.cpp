@@ -49,8 +49,10 @@ TEST_F(SessionEndTest, ACalledOffEndLeavesTheWindow) {
     EXPECT_TRUE(isSaved("JO20AW"));
     m_manager.callOff();
     EXPECT_EQ(m_window->latitudeAfter("kn51aa", "jn00aa"), " 40.0208");
-    EXPECT_EQ(m_window->close(), 0);
+    EXPECT_EQ(m_program.ini().find("KN51AA"), std::string::npos);
+    EXPECT_TRUE(m_manager.announceEnd()) << "it can be asked again";
     EXPECT_NE(m_program.ini().find("KN51AA"), std::string::npos);
+    EXPECT_EQ(m_window->close(), 0);
 }
 
 } // namespace

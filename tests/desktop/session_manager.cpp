@@ -118,8 +118,10 @@ void SessionManager::State::accept(IceListenObj listener) {
 }
 
 void SessionManager::State::read() {
-    if (IceProcessMessages(ice, nullptr, nullptr) == IceProcessMessagesIOError)
-        leave();
+    if (IceProcessMessages(ice, nullptr, nullptr) != IceProcessMessagesIOError)
+        return;
+    IceCloseConnection(ice); // the program has died
+    leave();
 }
 
 void SessionManager::State::leave() {
@@ -163,6 +165,7 @@ void SessionManager::State::serve() {
 }
 
 void SessionManager::State::listen() {
+    IceSetIOErrorHandler([](IceConn) {}); // the library's own ends the process
     std::array<char, 256> error{};
     const int size = static_cast<int>(error.size());
     if (SmsInitialize("orbisgrid-test", "1", onProgram, this, everybodyMayCome, size,

@@ -73,6 +73,7 @@ StartedWindow::~StartedWindow() {
 }
 
 std::string StartedWindow::latitudeAfter(const std::string& home, const std::string& target) const {
+    shell("xclip -i -selection clipboard </dev/null >/dev/null 2>&1"); // nothing of before
     key("alt+h");
     type(home);
     key("alt+t");
