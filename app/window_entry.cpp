@@ -1,6 +1,7 @@
 /// The one name that orbisgrid-window.so has for the executable.
 #include "app/window_library.h"
 #include "app/window_run.h"
+#include "ui/version.h"
 #include "ui/window_messages.h"
 
 #include <QApplication>
@@ -15,6 +16,7 @@ void showMessageAlone(const orbisgrid::Message& message, int& argc, char** argv)
 } // namespace
 
 extern "C" Q_DECL_EXPORT const orbisgrid::WindowLibrary* orbisgridWindowLibrary() {
-    static constexpr orbisgrid::WindowLibrary library{orbisgrid::runWindow, showMessageAlone};
+    static constexpr orbisgrid::WindowLibrary library{orbisgrid::versionText, orbisgrid::runWindow,
+                                                      showMessageAlone};
     return &library;
 }

@@ -6,12 +6,18 @@
 
 #include <QString>
 
+#include <string_view>
+
 namespace orbisgrid {
 
 /// What needs Qt's widgets. It is a file of its own beside the executable, orbisgrid-window.so, as
-/// the widgets and what they draw with take two thirds of the time of a job on the command line,
-/// which has no use for them.
+/// the widgets and what they draw with would take two thirds of the time of a job on the command
+/// line, which has no use for them.
 struct WindowLibrary {
+    /// The version that it was built as. It and the executable share types: only one of the same
+    /// version is used.
+    std::u16string_view version;
+
     /// Runs the main window until it is closed or the session ends; waits for the fonts before it
     /// makes the window. Result: the exit status. There must be no QApplication yet. Without a
     /// display it says so in a line on standard error, status 1.

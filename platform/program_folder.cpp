@@ -20,14 +20,15 @@ QString programFolder() {
     const QString named = QFile::decodeName(qgetenv("ORBISGRID_PROGRAM_FOLDER"));
     if (!named.isEmpty())
         return withoutTrailingSeparators(QDir::current().absoluteFilePath(named));
-    return executableFolder();
+    const QString folder = executableFolder();
+    return folder.isEmpty() ? QDir::currentPath() : folder;
 }
 
 QString executableFolder() {
     // Not by argv[0], which the caller chooses, and not by QCoreApplication, which the command line
     // does without.
     const QString executable = QFile::symLinkTarget(QStringLiteral("/proc/self/exe"));
-    return executable.isEmpty() ? QDir::currentPath() : QFileInfo(executable).path();
+    return executable.isEmpty() ? QString() : QFileInfo(executable).path();
 }
 
 } // namespace orbisgrid

@@ -15,8 +15,8 @@ namespace orbisgrid {
 QString programFolder();
 
 /// The folder that holds the executable, links resolved, whatever takes its place as the program
-/// folder: what belongs to the executable lies there. Where the system does not say which file
-/// runs, the current folder.
+/// folder: what belongs to the executable lies there. Empty where the system does not say which
+/// file runs.
 QString executableFolder();
 
 } // namespace orbisgrid

@@ -7,8 +7,8 @@ namespace orbisgrid {
 /// A shared library that is loaded when it is needed, and stays loaded.
 class SharedLibrary {
 public:
-    /// Loads the file at `path`. What it calls in other libraries is bound when it is called first,
-    /// which saves a tenth of the loading.
+    /// Loads the file at `path`. What the libraries that it needs call in each other is bound when
+    /// it is called first, which saves a tenth of the loading.
     explicit SharedLibrary(const QString& path);
 
     /// The function of that name; nothing where the library could not be loaded or has none.

@@ -104,20 +104,51 @@ TEST(CommandLineWithoutDisplay, LoadsNoWidgets) {
     EXPECT_EQ(libraries.find("libQt6Widgets"), std::string::npos) << libraries;
 }
 
-TEST(CommandLineWithoutDisplay, NeedsNoLibraryOfWindows) {
-    const Program program;
-    const std::filesystem::path lonely = program.folder() / "orbisgrid";
-    std::filesystem::copy_file(ORBISGRID_PROGRAM, lonely);
-    const std::string command =
-        "env -u DISPLAY -u WAYLAND_DISPLAY XDG_CONFIG_HOME=" + program.configFolder().string() +
-        " " + lonely.string();
-    EXPECT_EQ(test::shell(command + " -CJO20AW 2>&1").output, allNotations);
-    const ShellResult window = test::shell(command + " 2>&1");
-    EXPECT_EQ(window.status, 1);
-    EXPECT_TRUE(window.output.starts_with("orbisgrid: no window: " + program.folder().string() +
-                                          "/orbisgrid-window.so: cannot open"))
-        << window.output;
-    EXPECT_EQ(window.output.find('\n'), window.output.size() - 1);
+/// A copy of the executable without its library of windows.
+class LonelyExecutable : public testing::Test {
+protected:
+    void SetUp() override { std::filesystem::copy_file(ORBISGRID_PROGRAM, executable()); }
+
+    std::filesystem::path executable() const { return m_program.folder() / "orbisgrid"; }
+
+    std::filesystem::path library() const { return m_program.folder() / "orbisgrid-window.so"; }
+
+    ShellResult run(const std::string& arguments) const {
+        return test::shell("env XDG_CONFIG_HOME=" + m_program.configFolder().string() + " " +
+                           executable().string() + " " + arguments + " 2>&1");
+    }
+
+    Program m_program;
+};
+
+TEST_F(LonelyExecutable, DoesItsJobs) {
+    EXPECT_TRUE(run("-CJO20AW").output.starts_with(allNotations));
+}
+
+TEST_F(LonelyExecutable, SaysInOneLineWhyItHasNoWindow) {
+    const ShellResult result = run("");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(
+        result.output.starts_with("orbisgrid: no window: " + library().string() + ": cannot open"))
+        << result.output;
+    EXPECT_EQ(result.output.find('\n'), result.output.size() - 1);
+}
+
+TEST_F(LonelyExecutable, RefusesALibraryOfAnotherVersion) {
+    std::filesystem::copy_file(ORBISGRID_OTHER_LIBRARY, library());
+    const ShellResult result = run("");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.output,
+              "orbisgrid: no window: " + library().string() + ": not of this program's version\n");
+}
+
+TEST_F(LonelyExecutable, PrintsARefusalWhereItWouldShowABox) {
+    const test::XServer server;
+    server.useInThisProcess();
+    const ShellResult result = run("jo2 fn42aa");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.output.find("orbisgrid: no window: "), std::string::npos) << result.output;
+    EXPECT_NE(result.output.find("Invallid Home Locator!\n"), std::string::npos) << result.output;
 }
 
 TEST(CommandLineWithoutDisplay, AFullOutputIsAFailure) {

@@ -1,0 +1,8 @@
+// A library of windows that does not belong to the executable.
+
+#include "app/window_library.h"
+
+extern "C" Q_DECL_EXPORT const orbisgrid::WindowLibrary* orbisgridWindowLibrary() {
+    static constexpr orbisgrid::WindowLibrary library{u"0.0.0", nullptr, nullptr};
+    return &library;
+}
