@@ -41,6 +41,13 @@ prints_distance() {
     orbisgrid JO20AW FN42AA | grep -qx 'Distance:5637 Km'
 }
 
+# Asked to end after a while, a window ends with 0.
+opens_window() {
+  env -u DISPLAY -u WAYLAND_DISPLAY QT_QPA_PLATFORM=offscreen DBUS_SESSION_BUS_ADDRESS=disabled: \
+    HOME="$1" XDG_DATA_HOME= XDG_CONFIG_HOME= \
+    timeout --preserve-status --signal TERM 5 orbisgrid
+}
+
 nothing_is_left() {
   local file
   while read -r file; do
@@ -79,6 +86,7 @@ check() {
   dpkg -L orbisgrid >"$scratch/files"
   mkdir "$scratch/home"
   expect "started" prints_distance "$scratch/home"
+  expect "open with its window" opens_window "$scratch/home"
   expect "given a program folder" test -f "$scratch/home/.local/share/orbisgrid/Orbisgrid.ini"
   expect "purged" apt-get purge -y -qq -o Dpkg::Use-Pty=0 orbisgrid
   expect "gone without leaving anything in the system" nothing_is_left "$scratch/files"
