@@ -220,8 +220,9 @@ bool isOneLine(const Text& text) {
 
 } // namespace orbisgrid::fuzz
 
-/// What fontconfig has loaded stays until the end, as the application does.
-extern "C" const char* __lsan_default_suppressions() {
+/// What fontconfig has loaded stays until the end, as the application does. Shown to the sanitizer,
+/// which is a library.
+extern "C" Q_DECL_EXPORT const char* __lsan_default_suppressions() {
     return "leak:libfontconfig";
 }
 

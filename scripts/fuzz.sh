@@ -40,5 +40,8 @@ shift || true
 cmake --preset fuzz >/dev/null
 cmake --build --preset fuzz --target fuzz_targets -- --quiet
 targets=("$@")
-[ ${#targets[@]} -gt 0 ] || mapfile -t targets < <(ls fuzz/corpus)
+# Those that take longest begin, so that the processors end together.
+slowest='converter|locator_list_ini|manual_search'
+[ ${#targets[@]} -gt 0 ] ||
+  mapfile -t targets < <(ls fuzz/corpus | grep -Ex "$slowest"; ls fuzz/corpus | grep -Evx "$slowest")
 printf '%s\n' "${targets[@]}" | xargs -P "$(nproc)" -n 1 "$0" --one "$runs"
