@@ -40,8 +40,10 @@ int run(int argc, char** argv) {
         fonts.startReading();
     const QString folder = programFolder();
     PerUserStore store;
-    if (!RegistryStuff(store, toText(folder), versionText))
+    if (!RegistryStuff(store, toText(folder), versionText)) {
+        fonts.wait(); // a box may be shown
         return refuseStore(argc, argv);
+    }
     if (!isWindow)
         return runCommandLineJob(commandLine, folder, argc, argv);
     const WindowLibrary* windows = loadWindowLibrary();

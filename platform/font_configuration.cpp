@@ -6,6 +6,7 @@
 
 #include <clocale>
 #include <system_error>
+#include <tuple>
 
 namespace orbisgrid {
 
@@ -37,7 +38,7 @@ void FontConfiguration::startReading() {
         return;
     makeRemovalHarmless();
     // The decimal point must not change while numbers are read.
-    std::setlocale(LC_ALL, "");
+    std::ignore = std::setlocale(LC_ALL, "");
     try {
         m_reader = std::thread(initialize);
     } catch (const std::system_error&) {
