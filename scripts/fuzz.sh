@@ -9,10 +9,10 @@ cd "$(dirname "$(readlink -f "$0")")/.."
 
 run_target() { # <executions> <target>
   local runs=$1 target=$2 longest=64 log
-  # Texts of a person are short; the two files are longer.
+  # Texts of a person are short, and so are five actions on the converter; files are longer.
   case $target in
-    locator_list_ini | manual_search) longest=512 ;;
-    converter) longest=128 ;;
+    locator_list_ini) longest=512 ;;
+    manual_search) longest=256 ;;
     window) longest=128 runs=$((runs / 1000)) ;;
   esac
   mkdir -p "build-fuzz/found/$target"
