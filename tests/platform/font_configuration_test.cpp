@@ -7,6 +7,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 #include <string>
 
 namespace orbisgrid {
@@ -35,44 +36,35 @@ std::string makeConfiguration(const TemporaryFolder& folder) {
                                          folder.path("cache") + "</cachedir></fontconfig>");
 }
 
-TEST(FontConfiguration, IsInMemoryOnceItIsRead) {
+/// Whether the configuration is in memory after `work`: its file is gone by the time of the
+/// question.
+bool isReadBy(const std::function<void()>& work) {
     const TemporaryFolder folder;
     const std::string file = makeConfiguration(folder);
-    EXPECT_EQ(inChild([&] {
-                  ::setenv("FONTCONFIG_FILE", file.c_str(), 1);
-                  FontConfiguration fonts;
-                  fonts.startReading();
-                  fonts.wait();
-                  std::filesystem::remove(file);
-                  return folderOfFonts() == folder.path("fonts") ? 0 : 1;
-              }),
-              0);
+    const int answer = inChild([&] {
+        ::setenv("FONTCONFIG_FILE", file.c_str(), 1);
+        work();
+        std::filesystem::remove(file);
+        return folderOfFonts() == folder.path("fonts") ? 1 : 0;
+    });
     EXPECT_FALSE(std::filesystem::exists(file)) << "the child did not come so far";
+    return answer == 1;
+}
+
+TEST(FontConfiguration, IsInMemoryOnceItIsRead) {
+    EXPECT_TRUE(isReadBy([] {
+        static FontConfiguration fonts; // only `wait` waits for it
+        fonts.startReading();
+        fonts.wait();
+    }));
 }
 
 TEST(FontConfiguration, IsNotReadUnlessStarted) {
-    const TemporaryFolder folder;
-    const std::string file = makeConfiguration(folder);
-    EXPECT_EQ(inChild([&] {
-                  ::setenv("FONTCONFIG_FILE", file.c_str(), 1);
-                  FontConfiguration fonts;
-                  fonts.wait();
-                  std::filesystem::remove(file);
-                  return folderOfFonts() == folder.path("fonts") ? 1 : 0;
-              }),
-              0);
+    EXPECT_FALSE(isReadBy([] { FontConfiguration().wait(); }));
 }
 
 TEST(FontConfiguration, TheEndOfTheObjectWaitsForTheReading) {
-    const TemporaryFolder folder;
-    const std::string file = makeConfiguration(folder);
-    EXPECT_EQ(inChild([&] {
-                  ::setenv("FONTCONFIG_FILE", file.c_str(), 1);
-                  { FontConfiguration().startReading(); }
-                  std::filesystem::remove(file);
-                  return folderOfFonts() == folder.path("fonts") ? 0 : 1;
-              }),
-              0);
+    EXPECT_TRUE(isReadBy([] { FontConfiguration().startReading(); }));
 }
 
 TEST(FontConfiguration, TheVariableThatQtRemovesIsTheLastOne) {

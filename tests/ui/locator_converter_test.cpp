@@ -1,6 +1,7 @@
 #include "tests/support/accessible_tree.h"
 #include "tests/support/font_size.h"
 #include "tests/ui/main_window_fixture.h"
+#include "ui/desktop_tool_registry.h"
 #include "ui/qt_text.h"
 
 #include <QAccessible>
@@ -160,6 +161,18 @@ private Q_SLOTS:
             QCOMPARE(m_main->box().takeOpenedAddress(),
                      QByteArray("http://www.orbisgrid.example/"));
         QVERIFY(m_main->box().nothingStarted());
+    }
+
+    void theStartThatOpensTheHomePageIsCountedBefore() {
+        setCounter(QStringLiteral("20"));
+        m_main->box().writeProgramFile(QStringLiteral("Orbisgrid.ini"), test::IniContent().bytes());
+        PerUserStore store(settingsPath());
+        DesktopToolRegistry registry;
+        LocatorConverter window(
+            {store, m_main->box().programFolder(), [] { return true; }, registry});
+        window.Form_Load();
+        QCOMPARE(m_main->box().takeOpenedAddress(), QByteArray("http://www.orbisgrid.example/"));
+        QCOMPARE(counter(), QStringLiteral("21"));
     }
 
     void mapButtonHidesOffline_data() {
