@@ -68,10 +68,11 @@ Text dmsText(const Dms& dms, std::size_t degreeDigits, char16_t letter) {
 int cellIndex(double value, int firstCode) {
     constexpr int largest = std::numeric_limits<std::int16_t>::max();
     constexpr int smallest = std::numeric_limits<std::int16_t>::min();
-    const double index = std::floor(value);
-    if (!(index >= smallest && index <= largest - firstCode))
-        throw RuntimeError(RuntimeError::overflow);
-    return static_cast<int>(index);
+    if (!(value >= smallest && value < largest - firstCode + 1))
+        RuntimeError::raise(RuntimeError::overflow);
+    // In this range a cast and a step back are floor(), at a fifth of its cost.
+    const int towardsZero = static_cast<int>(value);
+    return value < towardsZero ? towardsZero - 1 : towardsZero;
 }
 
 } // namespace

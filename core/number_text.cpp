@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <string>
 #include <string_view>
@@ -130,9 +131,11 @@ Decimal rounded(double magnitude, int count) {
 
 /// The same where one multiplication finds it; nothing where it needs the exact value.
 std::optional<Decimal> quicklyRounded(double magnitude, int count) {
-    if (magnitude < powersOfTen[static_cast<std::size_t>(count)] &&
-        magnitude == std::trunc(magnitude))
-        return Decimal{static_cast<std::uint64_t>(magnitude), 0};
+    if (magnitude < powersOfTen[static_cast<std::size_t>(count)]) {
+        const auto whole = static_cast<std::int64_t>(magnitude);
+        if (static_cast<double>(whole) == magnitude)
+            return Decimal{static_cast<std::uint64_t>(whole), 0};
+    }
     constexpr int mostCertain = 7; // of more digits the product below would not be certain
     if (count > mostCertain || magnitude < 1e-3 || magnitude >= 1e3)
         return std::nullopt;
@@ -140,17 +143,18 @@ std::optional<Decimal> quicklyRounded(double magnitude, int count) {
     for (const double limit : {100.0, 10.0, 1.0, 0.1, 0.01})
         decimals += magnitude < limit ? 1 : 0;
     const double scaled = magnitude * powersOfTen[static_cast<std::size_t>(decimals)];
-    const double nearest = std::floor(scaled + 0.5);
+    const auto nearest = static_cast<std::int64_t>(scaled + 0.5);
     // Both factors are exact and the product is below 1e7, so it is off by less than 1e-9.
     constexpr double certain = 0.5 - 1e-6;
-    if (std::fabs(scaled - nearest) > certain)
+    if (std::fabs(scaled - static_cast<double>(nearest)) > certain)
         return std::nullopt;
     return Decimal{static_cast<std::uint64_t>(nearest), -decimals};
 }
 
 std::size_t digitsOf(std::uint64_t whole) {
     std::size_t count = 1;
-    for (; whole >= 10; whole /= 10)
+    // A product is quicker than a quotient, and none overflows: 16 digits are the most there are.
+    for (std::uint64_t power = 10; whole >= power; power *= 10)
         ++count;
     return count;
 }
@@ -178,18 +182,21 @@ void append(Text& text, Decimal decimal) {
 
 /// The plain form behind `prefix`, which stands in front of values that are not negative.
 Text signedText(double value, int significantDigits, TextView prefix) {
-    if (value == 0)
-        return Text(prefix) += u'0';
-    if (!std::isfinite(value))
-        return Text(prefix) += std::isnan(value) ? u"nan" : u"inf";
-    const double magnitude = std::fabs(value);
-    Text text;
-    if (value < 0)
+    Text text; // the only one that is returned: it is made where the caller wants it, never moved
+    const bool isNumber = std::isfinite(value);
+    if (value < 0 && isNumber)
         text += u'-';
     else
         text += prefix;
-    const auto quick = quicklyRounded(magnitude, significantDigits);
-    append(text, quick ? *quick : rounded(magnitude, significantDigits));
+    if (value == 0) {
+        text += u'0';
+    } else if (!isNumber) {
+        text += std::isnan(value) ? u"nan" : u"inf";
+    } else {
+        const double magnitude = std::fabs(value);
+        const auto quick = quicklyRounded(magnitude, significantDigits);
+        append(text, quick ? *quick : rounded(magnitude, significantDigits));
+    }
     return text;
 }
 

@@ -22,4 +22,8 @@ RuntimeError::RuntimeError(Code code)
     : std::runtime_error(describe(code))
     , m_code(code) {}
 
+void RuntimeError::raise(Code code) {
+    throw RuntimeError(code);
+}
+
 } // namespace orbisgrid

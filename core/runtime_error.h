@@ -16,6 +16,9 @@ public:
 
     explicit RuntimeError(Code code);
 
+    /// Throws one: out of line, for checks inside functions that are made for speed.
+    [[noreturn]] static void raise(Code code);
+
     Code code() const { return m_code; }
 
 private:

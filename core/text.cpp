@@ -1,7 +1,5 @@
 #include "core/text.h"
 
-#include "core/runtime_error.h"
-
 #include <array>
 #include <cstdint>
 
@@ -209,12 +207,6 @@ TextView middle(TextView text, std::size_t start, std::size_t count) {
 
 TextView lastCharacter(TextView text) {
     return text.empty() ? text : text.substr(text.size() - 1);
-}
-
-char16_t characterWithCode(double wholeCode) {
-    if (!(wholeCode >= 0 && wholeCode <= 255))
-        throw RuntimeError(RuntimeError::invalidProcedureCall);
-    return static_cast<char16_t>(wholeCode);
 }
 
 Text fromUtf8(std::string_view bytes) {

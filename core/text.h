@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/runtime_error.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -42,7 +44,11 @@ TextView lastCharacter(TextView text);
 /// The character with a given code. Result: one code unit.
 /// Throws RuntimeError 5 for a code outside 0..255: the range of a character conversion here is
 /// one byte, which is what keeps nonsense positions out of the boxes.
-char16_t characterWithCode(double wholeCode);
+inline char16_t characterWithCode(double wholeCode) {
+    if (!(wholeCode >= 0 && wholeCode <= 255))
+        RuntimeError::raise(RuntimeError::invalidProcedureCall);
+    return static_cast<char16_t>(wholeCode);
+}
 
 /// UTF-8 to UTF-16. Bytes that are no UTF-8 become U+FFFD, one for each byte.
 Text fromUtf8(std::string_view bytes);
