@@ -1,7 +1,6 @@
 #include "app/command_line_job.h"
 #include "app/window_library.h"
 #include "platform/clipboard_keeper.h"
-#include "platform/font_configuration.h"
 #include "platform/home_folder.h"
 #include "platform/per_user_store.h"
 #include "platform/program_folder.h"
@@ -34,20 +33,14 @@ int run(int argc, char** argv) {
     if (isClipboardKeeperRole())
         return runClipboardKeeper();
     const CommandLine commandLine = commandLineOf(argc, argv);
-    const bool isWindow = commandLine.job == CommandLine::Job::none;
-    FontConfiguration fonts;
-    if (isWindow)
-        fonts.startReading();
     const QString folder = programFolder();
     PerUserStore store;
-    if (!RegistryStuff(store, toText(folder), versionText)) {
-        fonts.wait(); // a box may be shown
+    if (!RegistryStuff(store, toText(folder), versionText))
         return refuseStore(argc, argv);
-    }
-    if (!isWindow)
+    if (commandLine.job != CommandLine::Job::none)
         return runCommandLineJob(commandLine, folder, argc, argv);
     const WindowLibrary* windows = loadWindowLibrary();
-    return windows == nullptr ? 1 : windows->runWindow(store, folder, fonts, argc, argv);
+    return windows == nullptr ? 1 : windows->runWindow(store, folder, argc, argv);
 }
 
 } // namespace

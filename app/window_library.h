@@ -1,7 +1,6 @@
 #pragma once
 
 #include "panels/message.h"
-#include "platform/font_configuration.h"
 #include "settings/settings_store.h"
 
 #include <QString>
@@ -18,11 +17,10 @@ struct WindowLibrary {
     /// version is used.
     std::u16string_view version;
 
-    /// Runs the main window until it is closed or the session ends; waits for the fonts before it
-    /// makes the window. Result: the exit status. There must be no QApplication yet. Without a
-    /// display it says so in a line on standard error, status 1.
-    int (*runWindow)(SettingsStore& store, const QString& programFolder, FontConfiguration& fonts,
-                     int& argc, char** argv);
+    /// Runs the main window until it is closed or the session ends. Result: the exit status. There
+    /// must be no QApplication and no other thread yet. Without a display it says so in a line on
+    /// standard error, status 1.
+    int (*runWindow)(SettingsStore& store, const QString& programFolder, int& argc, char** argv);
 
     /// Shows a message box without a window. There must be no QApplication yet.
     void (*showMessage)(const Message& message, int& argc, char** argv);

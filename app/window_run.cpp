@@ -4,6 +4,7 @@
 #include "platform/clipboard_route.h"
 #include "platform/clipboard_selection.h"
 #include "platform/display.h"
+#include "platform/font_configuration.h"
 #include "platform/termination.h"
 #include "ui/app_icon.h"
 #include "ui/contrast_style.h"
@@ -65,8 +66,7 @@ void handClipboardOver() {
 
 } // namespace
 
-int runWindow(SettingsStore& store, const QString& programFolder, FontConfiguration& fonts,
-              int& argc, char** argv) {
+int runWindow(SettingsStore& store, const QString& programFolder, int& argc, char** argv) {
     if (!hasDisplay(displayEnvironment()))
         return refuseWithoutDisplay();
     // The title of the boxes is given to each of them: an application display name would be
@@ -77,8 +77,11 @@ int runWindow(SettingsStore& store, const QString& programFolder, FontConfigurat
     // Rounded, the fonts make up for the difference, and everything else follows them.
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::RoundPreferFloor);
-    if (mayUseWayland(displayEnvironment()))
-        fonts.wait();
+    // Not while libraries are loaded: each page that the loader writes would be taken from the
+    // thread's processor first, which costs more than the thread saves.
+    FontConfiguration fonts;
+    if (!mayUseWayland(displayEnvironment()))
+        fonts.startReading();
     qInstallMessageHandler(onMessageOfQt);
     QApplication application(argc, argv);
     qInstallMessageHandler(nullptr);

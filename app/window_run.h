@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/font_configuration.h"
 #include "settings/settings_store.h"
 
 #include <QString>
@@ -8,7 +7,6 @@
 namespace orbisgrid {
 
 /// See WindowLibrary.
-int runWindow(SettingsStore& store, const QString& programFolder, FontConfiguration& fonts,
-              int& argc, char** argv);
+int runWindow(SettingsStore& store, const QString& programFolder, int& argc, char** argv);
 
 } // namespace orbisgrid

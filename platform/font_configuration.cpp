@@ -4,6 +4,9 @@
 
 #include <QByteArray>
 
+#include <pthread.h>
+#include <sched.h>
+
 #include <clocale>
 #include <system_error>
 #include <tuple>
@@ -23,6 +26,18 @@ void makeRemovalHarmless() {
     qputenv(removedByQt, value);
 }
 
+/// The kernel starts a thread on the processor of its maker, where it waits for its turn; one that
+/// is idle takes it over at its next tick only, up to 4 ms later, when the reading could be over.
+void moveToAnotherProcessor(std::thread& thread) {
+    cpu_set_t others;
+    const int here = ::sched_getcpu();
+    if (here < 0 || ::sched_getaffinity(0, sizeof others, &others) != 0)
+        return;
+    CPU_CLR(static_cast<std::size_t>(here), &others);
+    if (CPU_COUNT(&others) > 0)
+        ::pthread_setaffinity_np(thread.native_handle(), sizeof others, &others);
+}
+
 } // namespace
 
 FontConfiguration::~FontConfiguration() {
@@ -30,8 +45,8 @@ FontConfiguration::~FontConfiguration() {
 }
 
 void FontConfiguration::startReading() {
-    // Loaded here and not on the thread: libraries are loaded one at a time, and the thread would
-    // wait for those that are loaded beside it.
+    // Looked up here and not on the thread: libraries are loaded one at a time, and the thread
+    // would wait for those that are loaded beside it.
     const SharedLibrary library(QStringLiteral("libfontconfig.so.1"));
     const auto initialize = reinterpret_cast<int (*)()>(library.function("FcInit"));
     if (initialize == nullptr)
@@ -44,6 +59,7 @@ void FontConfiguration::startReading() {
     } catch (const std::system_error&) {
         return; // no thread to be had: Qt reads it when it needs it
     }
+    moveToAnotherProcessor(m_reader);
 }
 
 void FontConfiguration::wait() {

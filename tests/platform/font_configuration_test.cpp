@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sched.h>
+
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
@@ -65,6 +67,28 @@ TEST(FontConfiguration, IsNotReadUnlessStarted) {
 
 TEST(FontConfiguration, TheEndOfTheObjectWaitsForTheReading) {
     EXPECT_TRUE(isReadBy([] { FontConfiguration().startReading(); }));
+}
+
+TEST(FontConfiguration, IsReadWhereThereIsOneProcessor) {
+    EXPECT_TRUE(isReadBy([] {
+        cpu_set_t one;
+        CPU_ZERO(&one);
+        CPU_SET(static_cast<std::size_t>(::sched_getcpu()), &one);
+        if (::sched_setaffinity(0, sizeof one, &one) == 0)
+            FontConfiguration().startReading();
+    }));
+}
+
+TEST(FontConfiguration, LeavesItsMakerAllProcessors) {
+    EXPECT_EQ(inChild([] {
+                  cpu_set_t before;
+                  cpu_set_t after;
+                  ::sched_getaffinity(0, sizeof before, &before);
+                  FontConfiguration().startReading();
+                  ::sched_getaffinity(0, sizeof after, &after);
+                  return CPU_EQUAL(&before, &after) ? 0 : 1;
+              }),
+              0);
 }
 
 TEST(FontConfiguration, TheVariableThatQtRemovesIsTheLastOne) {
