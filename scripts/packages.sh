@@ -3,10 +3,12 @@
 # To build the program and to run it.
 BUILD_PACKAGES=(g++ cmake ninja-build pkgconf qt6-base-dev qt6-qpa-plugins libxcb1-dev fonts-liberation)
 
-# To test it: the libraries of the tests, a real X server with a window manager, the other programs
-# that tests talk to, a font for their windows, and the tools that read the sources.
+# To test it: the libraries of the tests, a real X server with a window manager, a real Wayland
+# compositor, the other programs that tests talk to, a font for their windows, and the tools that
+# read the sources.
 TEST_PACKAGES=(libgtest-dev clang clang-format clang-tidy xvfb openbox xdotool xclip
-  x11-utils libsm-dev fonts-dejavu-core librsvg2-bin libgeographiclib-dev direwolf)
+  x11-utils libsm-dev sway wtype wl-clipboard qt6-wayland fonts-dejavu-core librsvg2-bin
+  libgeographiclib-dev direwolf)
 
 # To make the packages and to check them: ./test and scripts/package.sh.
 PACKING_PACKAGES=(dpkg-dev file)

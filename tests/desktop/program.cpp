@@ -1,7 +1,5 @@
 #include "tests/desktop/program.h"
 
-#include <unistd.h>
-
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -32,15 +30,6 @@ fs::path temporaryFolder() {
 std::string trimmedLine(std::string text) {
     text.erase(text.find_last_not_of('\n') + 1);
     return text;
-}
-
-bool waitUntil(const std::function<bool()>& condition, int seconds) {
-    for (int i = 0; i < seconds * 50; ++i) {
-        if (condition())
-            return true;
-        ::usleep(20000);
-    }
-    return false;
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "tests/support/child.h"
 
+#include <sys/prctl.h>
 #include <sys/ptrace.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -14,11 +15,8 @@ namespace orbisgrid::test {
 
 namespace {
 
-constexpr uid_t nobody = 65534;
-
-int resultOf(pid_t child) {
-    int status = 0;
-    ::waitpid(child, &status, 0);
+/// Of what waitpid or pclose says.
+int resultOf(int status) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status);
 }
 
@@ -52,15 +50,17 @@ bool isKilledAt(pid_t child, int calls) {
 } // namespace
 
 int inChild(const std::function<int()>& work) {
-    return resultOf(forked(work));
+    int status = 0;
+    ::waitpid(forked(work), &status, 0);
+    return resultOf(status);
 }
 
 int inChildWithoutRights(const std::function<int()>& work) {
-    return inChild([&] {
-        if (::geteuid() == 0 && (::setgid(nobody) != 0 || ::setuid(nobody) != 0))
-            return 255;
-        return work();
-    });
+    return inChild([&] { return dropRights() ? work() : 255; });
+}
+
+bool dropRights() {
+    return ::geteuid() != 0 || (::setgid(nobody) == 0 && ::setuid(nobody) == 0);
 }
 
 int killAtEachSystemCall(const std::function<void()>& before, const std::function<void()>& work,
@@ -79,6 +79,43 @@ int killAtEachSystemCall(const std::function<void()>& before, const std::functio
     }
 }
 
+pid_t startChild(const std::function<void()>& become) {
+    return forked([&] {
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+        become();
+        return 127;
+    });
+}
+
+void becomeCommand(const std::string& command) {
+    ::execl("/bin/sh", "sh", "-c", ("exec " + command).c_str(), nullptr);
+}
+
+int waitForChild(pid_t& child) {
+    int status = 0;
+    if (child <= 0 || !waitUntil([&] { return ::waitpid(child, &status, WNOHANG) == child; }, 60))
+        return -1;
+    child = -1;
+    return resultOf(status);
+}
+
+void endChild(pid_t& child, int signal) {
+    if (child <= 0)
+        return;
+    ::kill(child, signal);
+    ::waitpid(child, nullptr, 0);
+    child = -1;
+}
+
+bool waitUntil(const std::function<bool()>& condition, int seconds) {
+    for (int i = 0; i < seconds * 50; ++i) {
+        if (condition())
+            return true;
+        ::usleep(20000);
+    }
+    return false;
+}
+
 ShellResult shell(const std::string& command) {
     const auto start = std::chrono::steady_clock::now();
     std::fflush(nullptr);
@@ -89,8 +126,7 @@ ShellResult shell(const std::string& command) {
     std::array<char, 4096> buffer{};
     while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), pipe))
         result.output.append(buffer.data(), count);
-    const int status = ::pclose(pipe);
-    result.status = WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status);
+    result.status = resultOf(::pclose(pipe));
     const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
     result.seconds = time.count();
     return result;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <sys/types.h>
+
 #include <functional>
 #include <string>
 
@@ -12,11 +14,37 @@ int inChild(const std::function<int()>& work);
 /// The same without the rights of root: as the user "nobody" where the test runs as root.
 int inChildWithoutRights(const std::function<int()>& work);
 
+/// The user without rights.
+inline constexpr uid_t nobody = 65534;
+
+/// In a child: gives up the rights of root for those of the user "nobody", where it has them.
+/// Result: false where it has them still.
+bool dropRights();
+
 /// Runs `work` in a child and kills it at one system call after the other, each time afresh:
 /// `before` makes the start, `after` gets the number of the call and looks at what is left.
 /// Result: the number of kills; 0 where the system does not let processes be traced.
 int killAtEachSystemCall(const std::function<void()>& before, const std::function<void()>& work,
                          const std::function<void(int)>& after);
+
+/// Starts a child that ends when the test does, however that ends. `become` runs in the child and
+/// puts a program in its place (exec); should it return, the child ends with status 127. To be
+/// called from a thread that outlives the child. Result: the process; throws if there is none.
+pid_t startChild(const std::function<void()>& become);
+
+/// `become` for a command line of /bin/sh, in the place of the shell.
+void becomeCommand(const std::string& command);
+
+/// Waits for a child that was started so. Result: its exit status, 1000 and the signal's number
+/// after a signal; then `child` is -1. The result is -1 where there is none or it still runs after
+/// a minute.
+int waitForChild(pid_t& child);
+
+/// Sends a child a signal and waits for it; `child` is -1 afterwards. None is none to end.
+void endChild(pid_t& child, int signal);
+
+/// Asks every 20 ms until `condition` holds. Result: whether it did within `seconds`.
+bool waitUntil(const std::function<bool()>& condition, int seconds);
 
 /// What a shell command left.
 struct ShellResult {
