@@ -153,7 +153,7 @@ std::optional<Decimal> quicklyRounded(double magnitude, int count) {
 
 std::size_t digitsOf(std::uint64_t whole) {
     std::size_t count = 1;
-    // A product is quicker than a quotient, and none overflows: 16 digits are the most there are.
+    // A product is quicker than a quotient, and none overflows: 15 digits are the most there are.
     for (std::uint64_t power = 10; whole >= power; power *= 10)
         ++count;
     return count;
@@ -183,16 +183,15 @@ void append(Text& text, Decimal decimal) {
 /// The plain form behind `prefix`, which stands in front of values that are not negative.
 Text signedText(double value, int significantDigits, TextView prefix) {
     Text text; // the only one that is returned: it is made where the caller wants it, never moved
-    const bool isNumber = std::isfinite(value);
-    if (value < 0 && isNumber)
-        text += u'-';
-    else
-        text += prefix;
     if (value == 0) {
-        text += u'0';
-    } else if (!isNumber) {
-        text += std::isnan(value) ? u"nan" : u"inf";
+        (text += prefix) += u'0';
+    } else if (!std::isfinite(value)) {
+        (text += prefix) += std::isnan(value) ? u"nan" : u"inf";
     } else {
+        if (value < 0)
+            text += u'-';
+        else
+            text += prefix;
         const double magnitude = std::fabs(value);
         const auto quick = quicklyRounded(magnitude, significantDigits);
         append(text, quick ? *quick : rounded(magnitude, significantDigits));
