@@ -77,8 +77,8 @@ int runWindow(SettingsStore& store, const QString& programFolder, int& argc, cha
     // Rounded, the fonts make up for the difference, and everything else follows them.
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::RoundPreferFloor);
-    // Not while libraries are loaded: each page that the loader writes would be taken from the
-    // thread's processor first, which costs more than the thread saves.
+    // Not while the window's libraries are loaded: each page that the loader writes would be taken
+    // from the thread's processor first, which costs more than that time gains.
     FontConfiguration fonts;
     if (!mayUseWayland(displayEnvironment()))
         fonts.startReading();

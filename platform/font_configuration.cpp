@@ -4,11 +4,9 @@
 
 #include <QByteArray>
 
-#include <pthread.h>
 #include <sched.h>
 
 #include <clocale>
-#include <system_error>
 #include <tuple>
 
 namespace orbisgrid {
@@ -26,16 +24,22 @@ void makeRemovalHarmless() {
     qputenv(removedByQt, value);
 }
 
+/// Runs fontconfig's FcInit.
+void* read(void* initialize) {
+    reinterpret_cast<int (*)()>(initialize)();
+    return nullptr;
+}
+
+/// The processors of this process but the one that it runs on; nothing where there is no other.
 /// The kernel starts a thread on the processor of its maker, where it waits for its turn; one that
 /// is idle takes it over at its next tick only, up to 4 ms later, when the reading could be over.
-void moveToAnotherProcessor(std::thread& thread) {
-    cpu_set_t others;
+std::optional<cpu_set_t> otherProcessors() {
+    cpu_set_t others{};
     const int here = ::sched_getcpu();
     if (here < 0 || ::sched_getaffinity(0, sizeof others, &others) != 0)
-        return;
+        return std::nullopt;
     CPU_CLR(static_cast<std::size_t>(here), &others);
-    if (CPU_COUNT(&others) > 0)
-        ::pthread_setaffinity_np(thread.native_handle(), sizeof others, &others);
+    return CPU_COUNT(&others) > 0 ? std::optional(others) : std::nullopt;
 }
 
 } // namespace
@@ -54,17 +58,22 @@ void FontConfiguration::startReading() {
     makeRemovalHarmless();
     // The decimal point must not change while numbers are read.
     std::ignore = std::setlocale(LC_ALL, "");
-    try {
-        m_reader = std::thread(initialize);
-    } catch (const std::system_error&) {
-        return; // no thread to be had: Qt reads it when it needs it
-    }
-    moveToAnotherProcessor(m_reader);
+    pthread_attr_t attributes;
+    if (::pthread_attr_init(&attributes) != 0)
+        return;
+    if (const std::optional<cpu_set_t> others = otherProcessors())
+        ::pthread_attr_setaffinity_np(&attributes, sizeof *others, &*others);
+    pthread_t reader{};
+    // Where no thread can be had, Qt reads it when it needs it.
+    if (::pthread_create(&reader, &attributes, read, reinterpret_cast<void*>(initialize)) == 0)
+        m_reader = reader;
+    ::pthread_attr_destroy(&attributes);
 }
 
 void FontConfiguration::wait() {
-    if (m_reader.joinable())
-        m_reader.join();
+    if (m_reader)
+        ::pthread_join(*m_reader, nullptr);
+    m_reader.reset();
 }
 
 } // namespace orbisgrid

@@ -1,6 +1,8 @@
 #pragma once
 
-#include <thread>
+#include <pthread.h>
+
+#include <optional>
 
 namespace orbisgrid {
 
@@ -27,7 +29,7 @@ public:
     void wait();
 
 private:
-    std::thread m_reader;
+    std::optional<pthread_t> m_reader;
 };
 
 } // namespace orbisgrid

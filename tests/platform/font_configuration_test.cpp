@@ -81,8 +81,8 @@ TEST(FontConfiguration, IsReadWhereThereIsOneProcessor) {
 
 TEST(FontConfiguration, LeavesItsMakerAllProcessors) {
     EXPECT_EQ(inChild([] {
-                  cpu_set_t before;
-                  cpu_set_t after;
+                  cpu_set_t before{};
+                  cpu_set_t after{};
                   ::sched_getaffinity(0, sizeof before, &before);
                   FontConfiguration().startReading();
                   ::sched_getaffinity(0, sizeof after, &after);
