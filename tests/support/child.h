@@ -43,7 +43,8 @@ int waitForChild(pid_t& child);
 /// Sends a child a signal and waits for it; `child` is -1 afterwards. None is none to end.
 void endChild(pid_t& child, int signal);
 
-/// Asks every 20 ms until `condition` holds. Result: whether it did within `seconds`.
+/// Asks until `condition` holds, with pauses of 20 ms that make up `seconds` at most; what the
+/// condition itself takes comes on top. Result: whether it held.
 bool waitUntil(const std::function<bool()>& condition, int seconds);
 
 /// What a shell command left.

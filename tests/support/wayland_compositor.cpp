@@ -7,6 +7,7 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <fstream>
 #include <stdexcept>
 
 namespace orbisgrid::test {
@@ -18,6 +19,7 @@ namespace {
 // A compositor takes the first free name of this kind in its folder.
 constexpr const char* waylandSocket = "wayland-1";
 constexpr const char* controlSocket = "control";
+constexpr const char* configuration = "config";
 
 fs::path temporaryFolder() {
     std::string pattern = (fs::temp_directory_path() / "orbisgrid-wayland-XXXXXX").string();
@@ -40,25 +42,38 @@ void becomeCompositor(const fs::path& folder) {
     becomeCommand("env -u DISPLAY -u WAYLAND_DISPLAY XDG_RUNTIME_DIR=" + folder.string() +
                   " HOME=" + folder.string() + " SWAYSOCK=" + (folder / controlSocket).string() +
                   " WLR_BACKENDS=headless WLR_LIBINPUT_NO_DEVICES=1 WLR_RENDERER=pixman"
-                  " sway -c /dev/null >/dev/null 2>&1");
+                  " sway -c " +
+                  (folder / configuration).string() + " >/dev/null 2>&1");
 }
 
 } // namespace
 
 WaylandCompositor::WaylandCompositor()
     : m_folder(temporaryFolder()) {
+    try {
+        start();
+    } catch (...) {
+        end();
+        throw;
+    }
+}
+
+WaylandCompositor::~WaylandCompositor() {
+    end();
+}
+
+void WaylandCompositor::start() {
+    std::ofstream(m_folder / configuration) << "xwayland disable\n";
     giveToNobody(m_folder);
     m_compositor = startChild([this] { becomeCompositor(m_folder); });
     const auto answers = [this] {
         return fs::exists(m_folder / waylandSocket) && fs::exists(m_folder / controlSocket);
     };
-    if (!waitUntil(answers, 60)) {
-        endChild(m_compositor, SIGKILL);
+    if (!waitUntil(answers, 60))
         throw std::runtime_error("sway does not start");
-    }
 }
 
-WaylandCompositor::~WaylandCompositor() {
+void WaylandCompositor::end() {
     endChild(m_compositor, SIGTERM);
     std::error_code error;
     fs::remove_all(m_folder, error);
@@ -75,12 +90,12 @@ void WaylandCompositor::useInThisProcess() const {
 bool WaylandCompositor::waitForWindow(const std::string& title) {
     // The last window that is made has the focus.
     const std::string criteria = "'[title=\"^" + title + "$\"] focus' >/dev/null 2>&1";
-    return waitUntil([&] { return shell("swaymsg " + criteria).status == 0; }, 60);
+    return waitUntil([&] { return shell("timeout 10 swaymsg " + criteria).status == 0; }, 60);
 }
 
 void WaylandCompositor::type(const std::string& arguments) {
     // A keyboard of its own that goes with it: programs need a moment to notice either.
-    shell("wtype -s 500 " + arguments + " -s 200");
+    shell("timeout 20 wtype -s 500 " + arguments + " -s 200");
 }
 
 std::string WaylandCompositor::clipboardText() {

@@ -38,6 +38,9 @@ public:
     static std::string clipboardText();
 
 private:
+    void start();
+    void end();
+
     std::filesystem::path m_folder; ///< holds its sockets
     pid_t m_compositor = -1;
 };
