@@ -51,7 +51,7 @@ if(ORBISGRID_SANITIZE)
 endif()
 
 if(ORBISGRID_FUZZ)
-  # Comparisons are not traced: the corpus holds what they could teach, at twice the time.
+  # Comparisons are not traced: the corpus holds what they could teach, at nearly twice the time.
   add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all
     -fno-sanitize-coverage=trace-cmp)
   add_link_options(-fsanitize=address,undefined)
