@@ -143,6 +143,7 @@ std::optional<Decimal> quicklyRounded(double magnitude, int count) {
     for (const double limit : {100.0, 10.0, 1.0, 0.1, 0.01})
         decimals += magnitude < limit ? 1 : 0;
     const double scaled = magnitude * powersOfTen[static_cast<std::size_t>(decimals)];
+    // NOLINTNEXTLINE(bugprone-incorrect-roundings): halves are left to the slow way
     const auto nearest = static_cast<std::int64_t>(scaled + 0.5);
     // Both factors are exact and the product is below 1e7, so it is off by less than 1e-9.
     constexpr double certain = 0.5 - 1e-6;
