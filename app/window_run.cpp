@@ -9,6 +9,7 @@
 #include "ui/app_icon.h"
 #include "ui/contrast_style.h"
 #include "ui/desktop_tool_registry.h"
+#include "ui/fractional_scale_style.h"
 #include "ui/locator_converter.h"
 #include "ui/module1.h"
 #include "ui/window_messages.h"
@@ -87,6 +88,7 @@ int runWindow(SettingsStore& store, const QString& programFolder, int& argc, cha
     qInstallMessageHandler(nullptr);
     fonts.wait();
     useContrastStyleWhereNeeded();
+    useFractionalScaleStyleWhereNeeded();
     DesktopToolRegistry registry;
     LocatorConverter window({store, programFolder, [] { return IsOnline(); }, registry});
     window.Form_Load();
