@@ -72,25 +72,4 @@ std::int32_t Floor(double dblValue) {
     return static_cast<std::int32_t>(whole);
 }
 
-double Deg2Rad(double Angle) {
-    return Angle * (pi15 / 180);
-}
-
-double Atan2(double X, double Y) {
-    if (X == 0 && Y == 0)
-        throw RuntimeError(RuntimeError::divisionByZero);
-    if (Y <= 0) {
-        if (-Y <= X)
-            return std::atan(Y / X);
-        if (X <= Y)
-            return std::atan(Y / X) - pi15;
-        return -std::atan(X / Y) - pi15 / 2;
-    }
-    if (X >= Y)
-        return std::atan(Y / X);
-    if (-Y < X)
-        return pi15 / 2 - std::atan(X / Y);
-    return std::atan(Y / X) + pi15;
-}
-
 } // namespace orbisgrid

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "core/runtime_error.h"
 #include "core/text.h"
 
+#include <cmath>
 #include <cstdint>
 
 namespace orbisgrid {
@@ -34,10 +36,27 @@ double Dms2Decimal(TextView DegText, TextView MinText, TextView SecText);
 std::int32_t Floor(double dblValue);
 
 /// Degrees to radians.
-double Deg2Rad(double Angle);
+inline double Deg2Rad(double Angle) {
+    return Angle * (pi15 / 180);
+}
 
 /// The direction of the point (X, Y) in radians, from -pi to pi. On the negative X axis it is -pi,
 /// not +pi: that is deliberate. Throws RuntimeError 11 at the origin.
-double Atan2(double X, double Y);
+inline double Atan2(double X, double Y) {
+    if (X == 0 && Y == 0)
+        RuntimeError::raise(RuntimeError::divisionByZero);
+    if (Y <= 0) {
+        if (-Y <= X)
+            return std::atan(Y / X);
+        if (X <= Y)
+            return std::atan(Y / X) - pi15;
+        return -std::atan(X / Y) - pi15 / 2;
+    }
+    if (X >= Y)
+        return std::atan(Y / X);
+    if (-Y < X)
+        return pi15 / 2 - std::atan(X / Y);
+    return std::atan(Y / X) + pi15;
+}
 
 } // namespace orbisgrid

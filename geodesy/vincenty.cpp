@@ -4,6 +4,7 @@
 #include "core/runtime_error.h"
 
 #include <cmath>
+#include <utility>
 
 namespace orbisgrid {
 
@@ -20,14 +21,17 @@ constexpr int passes = 100;
 
 /// A reduced latitude on the auxiliary sphere.
 struct ReducedLatitude {
-    explicit ReducedLatitude(double latitude) {
-        const double U = std::atan((1 - f) * std::tan(Deg2Rad(latitude)));
-        sine = std::sin(U);
-        cosine = std::cos(U);
-    }
-
     double sine, cosine;
 };
+
+/// Both of them step by step, as the processor computes side by side what stands side by side.
+std::pair<ReducedLatitude, ReducedLatitude> reduced(double lat1, double lat2) {
+    const double tangent1 = std::tan(Deg2Rad(lat1));
+    const double tangent2 = std::tan(Deg2Rad(lat2));
+    const double U1 = std::atan((1 - f) * tangent1);
+    const double U2 = std::atan((1 - f) * tangent2);
+    return {{std::sin(U1), std::cos(U1)}, {std::sin(U2), std::cos(U2)}};
+}
 
 /// The arc between both points on the auxiliary sphere, for one value of lambda.
 struct Arc {
@@ -83,7 +87,7 @@ double roundedToMillimetres(double metres) {
 
 VincentyDistance distVincenty(double lat1, double lon1, double lat2, double lon2) {
     const double L = Deg2Rad(lon2 - lon1);
-    const ReducedLatitude U1(lat1), U2(lat2);
+    const auto [U1, U2] = reduced(lat1, lat2);
     double lambda = L;
     double lambdaP = twoPi15;
     int counter = passes;
