@@ -74,12 +74,14 @@ void XServer::startWindowManager() {
         ::setenv("DISPLAY", m_display.c_str(), 1);
         ::execlp("openbox", "openbox", "--sm-disable", nullptr);
     });
-    const std::string question =
-        "xprop -display " + m_display + " -root _NET_SUPPORTING_WM_CHECK 2>/dev/null";
-    const auto manages = [&] {
-        return shell(question).output.find("window id") != std::string::npos;
-    };
-    if (!waitUntil(manages, 10))
+    // Openbox says that it is there before it listens, and leaves a window that asks to be shown in
+    // between unheeded until something else happens. Only an order that it has followed tells that
+    // it listens; sent again and again, it is what happens else.
+    const std::string order = "export DISPLAY=" + m_display +
+                              "; xdotool set_num_desktops 1 2>/dev/null"
+                              "; xprop -root _NET_NUMBER_OF_DESKTOPS 2>/dev/null";
+    const auto manages = [&] { return shell(order).output.find("= 1\n") != std::string::npos; };
+    if (!waitUntil(manages, 60))
         throw std::runtime_error("openbox does not start");
 }
 
