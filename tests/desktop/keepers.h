@@ -1,6 +1,6 @@
 #pragma once
 
-#include <unistd.h>
+#include "tests/support/child.h"
 
 #include <filesystem>
 #include <fstream>
@@ -30,12 +30,7 @@ inline std::vector<pid_t> keepersOn(const std::string& display) {
 
 /// Waits up to half a minute for something that another process does. Result: whether it came.
 inline bool comesTrue(const std::function<bool()>& condition) {
-    for (int i = 0; i < 3000; ++i) {
-        if (condition())
-            return true;
-        ::usleep(10000);
-    }
-    return false;
+    return waitUntil(condition, 30);
 }
 
 } // namespace orbisgrid::test

@@ -1,5 +1,7 @@
 #include "tests/desktop/program.h"
 
+#include "tests/support/new_folder.h"
+
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -20,13 +22,6 @@ void write(const fs::path& file, const std::string& content) {
     std::ofstream(file, std::ios::binary) << content;
 }
 
-fs::path temporaryFolder() {
-    std::string pattern = (fs::temp_directory_path() / "orbisgrid-program-XXXXXX").string();
-    if (::mkdtemp(pattern.data()) == nullptr)
-        throw std::runtime_error("no temporary folder");
-    return pattern;
-}
-
 std::string trimmedLine(std::string text) {
     text.erase(text.find_last_not_of('\n') + 1);
     return text;
@@ -35,7 +30,7 @@ std::string trimmedLine(std::string text) {
 } // namespace
 
 Program::Program()
-    : m_root(temporaryFolder()) {
+    : m_root(newFolder("program")) {
     for (const char* name : {"program", "config", "home", "bin", "runtime"})
         fs::create_directory(m_root / name);
     fs::permissions(m_root / "runtime", fs::perms::owner_all);

@@ -53,12 +53,8 @@ protected:
 
     /// Waits until the window's property holds (or no longer holds) a text.
     bool propertyComesTo(const std::string& name, const std::string& text, bool isThere) const {
-        for (int i = 0; i < 1500; ++i) {
-            if ((property(name).find(text) != std::string::npos) == isThere)
-                return true;
-            std::this_thread::sleep_for(std::chrono::milliseconds(20));
-        }
-        return false;
+        return test::waitUntil(
+            [&] { return (property(name).find(text) != std::string::npos) == isThere; }, 30);
     }
 
     std::string geometry() const {
@@ -95,15 +91,12 @@ protected:
         key("shift+Tab");
         key("shift+Tab");
         key("space");
-        for (int i = 0; i < 1500 && test::clipboardText().empty(); ++i)
-            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        test::waitUntil([] { return !test::clipboardText().empty(); }, 30);
     }
 
     void close() {
         key("ctrl+q");
-        for (int i = 0; i < 1500 && !m_program.hasEnded(); ++i)
-            std::this_thread::sleep_for(std::chrono::milliseconds(20));
-        ASSERT_TRUE(m_program.hasEnded());
+        ASSERT_TRUE(test::waitUntil([this] { return m_program.hasEnded(); }, 30));
     }
 
     test::XServer m_server;
@@ -240,9 +233,7 @@ TEST_F(WindowDesktopTest, AStoreThatCannotBeWrittenIsReportedAndEndsTheStart) {
     const std::string before = m_program.ini();
     xdotool("windowfocus --sync " + box);
     key("Return");
-    for (int i = 0; i < 1500 && !m_program.hasEnded(); ++i)
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    EXPECT_TRUE(m_program.hasEnded());
+    EXPECT_TRUE(test::waitUntil([this] { return m_program.hasEnded(); }, 30));
     EXPECT_EQ(m_program.ini(), before);
 }
 

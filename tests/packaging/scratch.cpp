@@ -1,10 +1,9 @@
 #include "tests/packaging/scratch.h"
 
+#include "tests/support/new_folder.h"
+
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
@@ -17,11 +16,8 @@ const std::string reportStart = "Home locator  :JO20AW\n"
                                 "Target Locator:FN42AA\n"
                                 "Distance:5637 Km\n";
 
-Scratch::Scratch() {
-    std::string pattern = (fs::temp_directory_path() / "orbisgrid-package-XXXXXX").string();
-    if (::mkdtemp(pattern.data()) == nullptr)
-        throw std::runtime_error("no temporary folder");
-    m_root = pattern;
+Scratch::Scratch()
+    : m_root(newFolder("package")) {
     fs::permissions(m_root, fs::perms::all);
 }
 
@@ -66,7 +62,7 @@ std::string freshSession(const fs::path& home) {
 }
 
 std::string freshDesktopSession(const fs::path& home) {
-    return "env -i PATH=\"$PATH\" DISPLAY=\"$DISPLAY\" DBUS_SESSION_BUS_ADDRESS=disabled: HOME='" +
+    return R"(env -i PATH="$PATH" DISPLAY="$DISPLAY" DBUS_SESSION_BUS_ADDRESS=disabled: HOME=')" +
            home.string() + "' ";
 }
 

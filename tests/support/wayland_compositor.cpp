@@ -1,6 +1,7 @@
 #include "tests/support/wayland_compositor.h"
 
 #include "tests/support/child.h"
+#include "tests/support/new_folder.h"
 
 #include <sys/prctl.h>
 #include <unistd.h>
@@ -20,13 +21,6 @@ namespace {
 constexpr const char* waylandSocket = "wayland-1";
 constexpr const char* controlSocket = "control";
 constexpr const char* configuration = "config";
-
-fs::path temporaryFolder() {
-    std::string pattern = (fs::temp_directory_path() / "orbisgrid-wayland-XXXXXX").string();
-    if (::mkdtemp(pattern.data()) == nullptr)
-        throw std::runtime_error("no temporary folder");
-    return pattern;
-}
 
 /// The folder is the compositor's, which runs as nobody where the test runs as root.
 void giveToNobody(const fs::path& folder) {
@@ -49,7 +43,7 @@ void becomeCompositor(const fs::path& folder) {
 } // namespace
 
 WaylandCompositor::WaylandCompositor()
-    : m_folder(temporaryFolder()) {
+    : m_folder(newFolder("wayland")) {
     try {
         start();
     } catch (...) {

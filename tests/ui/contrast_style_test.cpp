@@ -1,16 +1,10 @@
+#include "tests/ui/made_control.h"
 #include "ui/contrast_style.h"
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QComboBox>
-#include <QFrame>
 #include <QImage>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QTest>
-#include <QToolButton>
-
-#include <memory>
 
 using namespace orbisgrid;
 
@@ -58,9 +52,9 @@ private Q_SLOTS:
     void edgesAreSeenOnBlack() {
         QFETCH(QString, kind);
         QApplication::setPalette(blackAndYellow());
-        QVERIFY2(brightestOfEdge(*made(kind)) < 128, "without the style they are not");
+        QVERIFY2(brightestOfEdge(*test::madeControl(kind)) < 128, "without the style they are not");
         useContrastStyleWhereNeeded();
-        QVERIFY(brightestOfEdge(*made(kind)) > 200);
+        QVERIFY(brightestOfEdge(*test::madeControl(kind)) > 200);
     }
 
     void checkBoxIsSeenOnBlack() {
@@ -78,22 +72,6 @@ private Q_SLOTS:
     void cleanup() {
         QApplication::setStyle(QStringLiteral("fusion"));
         QApplication::setPalette(QPalette());
-    }
-
-private:
-    static std::unique_ptr<QWidget> made(const QString& kind) {
-        if (kind == QStringLiteral("box"))
-            return std::make_unique<QLineEdit>();
-        if (kind == QStringLiteral("list"))
-            return std::make_unique<QComboBox>();
-        if (kind == QStringLiteral("button"))
-            return std::make_unique<QPushButton>();
-        if (kind == QStringLiteral("tool button"))
-            return std::make_unique<QToolButton>();
-        auto frame = std::make_unique<QFrame>();
-        frame->setFrameStyle(static_cast<int>(QFrame::StyledPanel) |
-                             static_cast<int>(QFrame::Plain));
-        return frame;
     }
 };
 

@@ -1,14 +1,11 @@
+#include "tests/ui/made_control.h"
 #include "ui/fractional_scale_style.h"
 
 #include <QApplication>
-#include <QComboBox>
 #include <QImage>
-#include <QLineEdit>
 #include <QPalette>
 #include <QPixmapCache>
-#include <QPushButton>
 #include <QTest>
-#include <QToolButton>
 
 #include <memory>
 
@@ -37,41 +34,33 @@ private Q_SLOTS:
     void lowerEdgesMoveIn() {
         QFETCH(QString, kind);
         QCOMPARE(qApp->devicePixelRatio(), 1.25);
-        QApplication::setStyle(QStringLiteral("fusion"));
         QCOMPARE(lowerEdge(kind), height - 1);
         useFractionalScaleStyleWhereNeeded();
         QCOMPARE(lowerEdge(kind), height - 2);
     }
 
     void onBlackTheOtherStyleDrawsThem() {
-        QApplication::setStyle(QStringLiteral("fusion"));
-        const QPalette usual = QApplication::palette();
         QApplication::setPalette(QPalette(Qt::black, Qt::black));
         useFractionalScaleStyleWhereNeeded();
         QVERIFY(qobject_cast<FractionalScaleStyle*>(QApplication::style()) == nullptr);
-        QApplication::setPalette(usual);
+        QApplication::setPalette(QPalette());
         useFractionalScaleStyleWhereNeeded();
         QVERIFY(qobject_cast<FractionalScaleStyle*>(QApplication::style()) != nullptr);
+    }
+
+    void cleanup() {
+        QApplication::setStyle(QStringLiteral("fusion"));
+        QApplication::setPalette(QPalette());
     }
 
 private:
     static constexpr int height = 28;
 
-    static std::unique_ptr<QWidget> made(const QString& kind) {
-        if (kind == QStringLiteral("box"))
-            return std::make_unique<QLineEdit>();
-        if (kind == QStringLiteral("list"))
-            return std::make_unique<QComboBox>();
-        if (kind == QStringLiteral("button"))
-            return std::make_unique<QPushButton>();
-        return std::make_unique<QToolButton>();
-    }
-
     /// The lowest row that is drawn as dark as an edge, in the control's middle; -1 without one.
     static int lowerEdge(const QString& kind) {
         QPixmapCache::clear();    // the style keeps what it drew of lists
         constexpr int edge = 200; // of 255; edges have 10 / 14 of the window's value
-        const std::unique_ptr<QWidget> control = made(kind);
+        const std::unique_ptr<QWidget> control = test::madeControl(kind);
         control->resize(61, height);
         QImage image(control->size(), QImage::Format_RGB32);
         image.fill(Qt::white);
