@@ -58,6 +58,7 @@ void FontConfiguration::startReading() {
     makeRemovalHarmless();
     // The decimal point must not change while numbers are read.
     std::ignore = std::setlocale(LC_ALL, "");
+    // No std::thread: its processor could be chosen only once it runs, and by then it may be over.
     pthread_attr_t attributes;
     if (::pthread_attr_init(&attributes) != 0)
         return;

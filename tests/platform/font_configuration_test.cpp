@@ -5,12 +5,17 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
 #include <sched.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <string_view>
 
 namespace orbisgrid {
 
@@ -77,6 +82,41 @@ TEST(FontConfiguration, IsReadWhereThereIsOneProcessor) {
         if (::sched_setaffinity(0, sizeof one, &one) == 0)
             FontConfiguration().startReading();
     }));
+}
+
+/// The processors of the other thread of this process.
+cpu_set_t processorsOfTheOther() {
+    cpu_set_t processors{};
+    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/task")) {
+        const pid_t thread = std::stoi(entry.path().filename().string());
+        if (thread != ::getpid())
+            ::sched_getaffinity(thread, sizeof processors, &processors);
+    }
+    return processors;
+}
+
+TEST(FontConfiguration, IsReadOnAnotherProcessor) {
+    const TemporaryFolder folder;
+    const std::string file = folder.path("fonts.conf");
+    ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0);
+    EXPECT_EQ(inChild([&] {
+                  ::alarm(30);
+                  ::setenv("FONTCONFIG_FILE", file.c_str(), 1);
+                  // The reader waits for what comes out of the pipe.
+                  const int pipe = ::open(file.c_str(), O_RDWR | O_CLOEXEC);
+                  cpu_set_t own{};
+                  ::sched_getaffinity(0, sizeof own, &own);
+                  FontConfiguration fonts;
+                  fonts.startReading();
+                  const cpu_set_t others = processorsOfTheOther();
+                  const std::string_view empty = "<fontconfig></fontconfig>";
+                  const ssize_t written = ::write(pipe, empty.data(), empty.size());
+                  ::close(pipe);
+                  fonts.wait();
+                  const int wanted = std::max(CPU_COUNT(&own) - 1, 1);
+                  return written > 0 && CPU_COUNT(&others) == wanted ? 0 : 1;
+              }),
+              0);
 }
 
 TEST(FontConfiguration, LeavesItsMakerAllProcessors) {
