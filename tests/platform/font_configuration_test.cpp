@@ -102,12 +102,12 @@ TEST(FontConfiguration, IsReadOnAnotherProcessor) {
     EXPECT_EQ(inChild([&] {
                   ::alarm(30);
                   ::setenv("FONTCONFIG_FILE", file.c_str(), 1);
-                  // The reader waits for what comes out of the pipe.
-                  const int pipe = ::open(file.c_str(), O_RDWR | O_CLOEXEC);
                   cpu_set_t own{};
                   ::sched_getaffinity(0, sizeof own, &own);
                   FontConfiguration fonts;
                   fonts.startReading();
+                  // Opens when the reader does, which then waits for what comes out of the pipe.
+                  const int pipe = ::open(file.c_str(), O_WRONLY | O_CLOEXEC);
                   const cpu_set_t others = processorsOfTheOther();
                   const std::string_view empty = "<fontconfig></fontconfig>";
                   const ssize_t written = ::write(pipe, empty.data(), empty.size());
