@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <csignal>
 #include <cstdlib>
 #include <set>
 
@@ -139,8 +140,12 @@ TEST_F(ClipboardKeeperTest, OwnerIsSeen) {
     copy("JO20AW");
     EXPECT_TRUE(hasOwner());
     // Another program takes it and ends: nobody owns it then.
-    shell("timeout 0.3 xclip -i -selection clipboard -quiet </dev/null >/dev/null 2>&1");
-    EXPECT_FALSE(hasOwner());
+    pid_t other = test::startChild([] {
+        test::becomeCommand("xclip -i -selection clipboard -quiet </dev/null >/dev/null 2>&1");
+    });
+    EXPECT_TRUE(comesTrue([&] { return keepers().empty(); }));
+    test::endChild(other, SIGTERM);
+    EXPECT_TRUE(comesTrue([&] { return !hasOwner(); }));
 }
 
 // From a running window -------------------------------------------------------------------------

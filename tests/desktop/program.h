@@ -61,6 +61,9 @@ private:
     std::string m_pid;
 };
 
+/// Whether the process with this number has ended, waited for or not.
+bool processHasEnded(const std::string& process);
+
 /// The text on the clipboard, read by another program.
 std::string clipboardText();
 
