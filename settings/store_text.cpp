@@ -3,8 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstdint>
 
 namespace orbisgrid {
+
+using namespace std::string_view_literals;
 
 namespace {
 
@@ -19,8 +22,8 @@ std::string_view trimmedBytes(std::string_view bytes) {
 
 /// One line of the file, where it begins and ends (its line feed not counted).
 struct Line {
-    std::size_t begin = 0;
-    std::size_t end = 0;
+    std::size_t begin{};
+    std::size_t end{};
 };
 
 std::vector<Line> linesOf(std::string_view content) {
@@ -65,7 +68,7 @@ Place placeOf(std::string_view content, std::string_view key) {
 /// The character of a one-letter escape such as \n; the letter itself where it has no meaning.
 char unescaped(char letter) {
     constexpr std::string_view letters = "abfnrtv0";
-    constexpr std::string_view meanings("\a\b\f\n\r\t\v\0", 8);
+    constexpr std::string_view meanings = "\a\b\f\n\r\t\v\0"sv;
     const std::size_t found = letters.find(letter);
     return found == std::string_view::npos ? letter : meanings[found];
 }
@@ -106,48 +109,42 @@ Text valueText(std::string_view value) {
 
 // Writing a value -------------------------------------------------------------------------------
 
-bool isHexadecimalDigit(char16_t c) {
-    return (c >= u'0' && c <= u'9') || (c >= u'a' && c <= u'f') || (c >= u'A' && c <= u'F');
+bool isHexadecimalDigit(char c) {
+    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
 }
 
-void appendHexadecimal(std::string& bytes, char16_t code) {
+void appendHexadecimal(std::string& bytes, std::uint8_t code) {
     std::array<char, 8> digits{};
     const auto result = std::to_chars(digits.begin(), digits.end(), unsigned{code}, 16);
     bytes += "\\x";
     bytes.append(digits.begin(), result.ptr);
 }
 
-bool isControl(char16_t c) {
-    return c < 0x20 || c == 0x7F;
-}
-
-std::string escapedValue(TextView value) {
+/// What needs an escape is ASCII; the bytes of other characters in UTF-8 stay as they are.
+std::string escapedValue(std::string_view value) {
     std::string bytes;
     bool isBehindHexadecimal = false;
-    for (std::size_t i = 0; i < value.size(); ++i) {
-        const char16_t c = value[i];
+    for (const char c : value) {
+        const auto code = static_cast<std::uint8_t>(c);
+        const bool isControl = code < 0x20 || code == 0x7F;
         // A digit behind a hexadecimal escape would be read as part of it.
-        const bool needsHexadecimal =
-            isControl(c) || (isBehindHexadecimal && isHexadecimalDigit(c));
+        const bool needsHexadecimal = isControl || (isBehindHexadecimal && isHexadecimalDigit(c));
         isBehindHexadecimal = needsHexadecimal;
         if (needsHexadecimal) {
-            appendHexadecimal(bytes, c);
-        } else if (c == u'"' || c == u'\\') {
-            bytes += '\\';
-            bytes += static_cast<char>(c);
+            appendHexadecimal(bytes, code);
         } else {
-            const bool isPair = c >= 0xD800 && c <= 0xDBFF && i + 1 < value.size();
-            bytes += toUtf8(value.substr(i, isPair ? 2 : 1));
-            i += isPair ? 1 : 0;
+            if (c == '"' || c == '\\')
+                bytes += '\\';
+            bytes += c;
         }
     }
     return bytes;
 }
 
 std::string valueBytes(TextView value) {
-    std::string bytes = escapedValue(value);
+    std::string bytes = escapedValue(toUtf8(value));
     if (value.starts_with(u'@'))
-        bytes.insert(0, 1, '@');
+        bytes = '@' + bytes;
     const bool needsQuotes = value.find_first_of(u";,=") != TextView::npos ||
                              value.starts_with(u' ') || value.ends_with(u' ');
     if (needsQuotes) {

@@ -51,6 +51,11 @@ TEST(WithStoredValues, WritesAHighSurrogateWithoutItsPartner) {
     EXPECT_EQ(withStoredValues("", {{u"Path", lone}}), "[Orbisgrid]\nPath=a\xEF\xBF\xBD\n");
 }
 
+TEST(WithStoredValues, HalfAPairHidesNothingThatNeedsAnEscape) {
+    const Text lone{char16_t{0xD83D}, u'"'};
+    EXPECT_EQ(withStoredValues("", {{u"Path", lone}}), "[Orbisgrid]\nPath=\xEF\xBF\xBD\\\"\n");
+}
+
 TEST(StoredValue, AHexadecimalEscapeWithoutDigitsIsAZero) {
     EXPECT_EQ(storedValue("[Orbisgrid]\nPath=\\xz\n", u"Path"), (Text{u'\0', u'z'}));
 }
