@@ -207,13 +207,15 @@ void Converter::DoAPRSCompressed(Messages& messages) {
     constexpr std::size_t shortest = 6;
     if (txtUIView.text().size() < shortest)
         return;
-    if (leadingNumber(txtDecLong.text()) == 0 && leadingNumber(txtDecLat.text()) == 0)
+    double longitude = leadingNumber(txtDecLong.text());
+    double latitude = leadingNumber(txtDecLat.text());
+    if (longitude == 0 && latitude == 0) {
         cmdOkUIView_Click(messages);
+        longitude = leadingNumber(txtDecLong.text());
+        latitude = leadingNumber(txtDecLat.text());
+    }
     // A position too far outside the world has no code: the label keeps the last one.
-    skipOnError([&] {
-        lblCompressed =
-            compressedText(leadingNumber(txtDecLong.text()), leadingNumber(txtDecLat.text()));
-    });
+    skipOnError([&] { lblCompressed = compressedText(longitude, latitude); });
 }
 
 // Menu and clear-all ----------------------------------------------------------------------------

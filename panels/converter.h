@@ -55,6 +55,22 @@ struct Converter {
     /// OK of the UI-View panel. The compressed code keeps what it showed.
     void cmdOkUIView_Click(Messages& messages);
 
+    // The steps of the OK buttons, each from one panel to the next.
+
+    /// Locator box to decimal boxes and hemisphere lists. `form` gets the centre of the subsquare.
+    /// The lists follow a letter at the end of the texts, which only an earlier decode leaves.
+    void MaidenConvert(DistAzimuthTexts& form, Messages& messages);
+
+    /// Decimal boxes to locator box, which stays as it is where they cannot be read.
+    void DecimalCoordinates(Messages& messages);
+
+    /// Decimal boxes to degrees, minutes, seconds, hemisphere lists, `Lat` and `Lon`. A decimal
+    /// comma in the boxes becomes a point.
+    void WorldDMS();
+
+    /// `Lat`, `Lon` and the hemisphere lists to the UI-View box, and on to the compressed code.
+    void UIView(Messages& messages);
+
     /// The compressed code of the decimal boxes, once the UI-View box holds 6 characters. If both
     /// read 0 the UI-View text is read first, so that a position typed there alone is the one
     /// encoded.
@@ -78,12 +94,6 @@ struct Converter {
     Text dmsCopy() const;        ///< Command13
     Text aprsCopy() const;       ///< Command15
     Text everythingCopy() const; ///< Command9
-
-private:
-    void MaidenConvert(DistAzimuthTexts& form, Messages& messages);
-    void DecimalCoordinates(Messages& messages);
-    void WorldDMS();
-    void UIView(Messages& messages);
 };
 
 /// What a box of one line takes from a clipboard: the text without blanks (code 32) and line ends

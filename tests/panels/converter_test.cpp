@@ -119,6 +119,42 @@ TEST(ConverterLabels, FollowTheDecimalBoxes) {
     EXPECT_EQ(converter.lblDecEW(), u"E");
 }
 
+/// Both lists hold what they do not become, so that each is seen to be set.
+Converter beforeLists(int northSouth, int westEast, TextView locator) {
+    Converter converter;
+    converter.txtLocator.set(locator);
+    converter.cmbDmsNS.ListIndex = northSouth;
+    converter.cmbDmsWE.ListIndex = westEast;
+    return converter;
+}
+
+TEST(ConverterMaidenConvert, FillsTheDecimalBoxesAndTakesADigitForWest) {
+    RecordedMessages messages;
+    DistAzimuthTexts texts;
+    Converter converter = beforeLists(1, 0, u" jo20aw ");
+    converter.MaidenConvert(texts, messages);
+    EXPECT_EQ(converter.txtLocator.text(), u"JO20AW");
+    EXPECT_EQ(converter.txtDecLong.text(), u" 4.04166");
+    EXPECT_EQ(converter.txtDecLat.text(), u" 50.937");
+    EXPECT_EQ(converter.cmbDmsWE.text(), u"W");
+    EXPECT_EQ(converter.cmbDmsNS.text(), u"N");
+    EXPECT_EQ(texts.LonText, u"4.041667E");
+    EXPECT_EQ(texts.LatText, u"50.9375N");
+}
+
+TEST(ConverterMaidenConvert, ListsFollowTheLettersOfAnEarlierDecode) {
+    RecordedMessages messages;
+    DistAzimuthTexts texts;
+    texts.LonText = u"18.4E";
+    texts.LatText = u"33.9S";
+    Converter converter = beforeLists(0, 1, u"JO2");
+    converter.MaidenConvert(texts, messages);
+    EXPECT_EQ(converter.txtDecLong.text(), u"18.4");
+    EXPECT_EQ(converter.txtDecLat.text(), u"33.9");
+    EXPECT_EQ(converter.cmbDmsWE.text(), u"E");
+    EXPECT_EQ(converter.cmbDmsNS.text(), u"S");
+}
+
 TEST(ConverterCopies, AfterALocator) {
     const Converter converter = converted(u"jo20aw");
     EXPECT_EQ(converter.locatorCopy(), u"Maidenhead Locator:JO20AW\r\n");
