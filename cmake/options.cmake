@@ -8,6 +8,9 @@ target_compile_options(orbisgrid_options INTERFACE
   # A fused multiply-add rounds once where the program rounds twice: with it the last digit shown
   # would depend on the processor. For the same reason -ffast-math must never be added.
   -ffp-contract=off
+  # Nobody reads errno behind a mathematical function: a square root is one instruction then. It
+  # changes no value.
+  -fno-math-errno
   # GCC 12 leaves out the rounding of a pair of doubles to single when it makes a vector of them
   # (-O2 and up): a stored single keeps the digits that it was stored to lose.
   $<$<CXX_COMPILER_ID:GNU>:-fno-tree-slp-vectorize>)

@@ -45,18 +45,14 @@ inline double Deg2Rad(double Angle) {
 inline double Atan2(double X, double Y) {
     if (X == 0 && Y == 0)
         RuntimeError::raise(RuntimeError::divisionByZero);
-    if (Y <= 0) {
-        if (-Y <= X)
-            return std::atan(Y / X);
-        if (X <= Y)
-            return std::atan(Y / X) - pi15;
-        return -std::atan(X / Y) - pi15 / 2;
-    }
-    if (X >= Y)
-        return std::atan(Y / X);
-    if (-Y < X)
-        return pi15 / 2 - std::atan(X / Y);
-    return std::atan(Y / X) + pi15;
+    // The quotient of the smaller by the greater: an arc tangent of 45 degrees at most.
+    const bool isSteep = std::fabs(X) < std::fabs(Y);
+    const double arc = std::atan(isSteep ? X / Y : Y / X);
+    if (isSteep)
+        return Y > 0 ? pi15 / 2 - arc : -arc - pi15 / 2;
+    if (X > 0)
+        return arc;
+    return Y > 0 ? arc + pi15 : arc - pi15;
 }
 
 } // namespace orbisgrid

@@ -35,9 +35,9 @@ std::pair<ReducedLatitude, ReducedLatitude> reduced(double lat1, double lat2) {
 
 /// The arc between both points on the auxiliary sphere, for one value of lambda.
 struct Arc {
-    double sinSigma = 0, cosSigma = 0, sigma = 0;
-    double cosSqAlpha = 0, cos2SigmaM = 0;
-    double nextLambda = 0;
+    double sinSigma, cosSigma, sigma;
+    double cosSqAlpha, cos2SigmaM;
+    double nextLambda;
 };
 
 double sineOfArc(const ReducedLatitude& U1, const ReducedLatitude& U2, double lambda) {
@@ -48,21 +48,19 @@ double sineOfArc(const ReducedLatitude& U1, const ReducedLatitude& U2, double la
 
 Arc arcAt(const ReducedLatitude& U1, const ReducedLatitude& U2, double L, double lambda,
           double sinSigma) {
-    Arc arc;
-    arc.sinSigma = sinSigma;
-    arc.cosSigma = U1.sine * U2.sine + U1.cosine * U2.cosine * std::cos(lambda);
-    arc.sigma = Atan2(arc.cosSigma, arc.sinSigma); // the direction of (cosSigma, sinSigma)
-    const double sinAlpha = U1.cosine * U2.cosine * std::sin(lambda) / arc.sinSigma;
-    arc.cosSqAlpha = 1 - sinAlpha * sinAlpha;
-    if (arc.cosSqAlpha != 0) // 0: a line along the equator
-        arc.cos2SigmaM = arc.cosSigma - 2 * U1.sine * U2.sine / arc.cosSqAlpha;
-    const double C = f / 16 * arc.cosSqAlpha * (4 + f * (4 - 3 * arc.cosSqAlpha));
-    const double cos2 = arc.cos2SigmaM * arc.cos2SigmaM;
-    arc.nextLambda =
-        L +
-        (1 - C) * f * sinAlpha *
-            (arc.sigma + C * arc.sinSigma * (arc.cos2SigmaM + C * arc.cosSigma * (-1 + 2 * cos2)));
-    return arc;
+    const double cosSigma = U1.sine * U2.sine + U1.cosine * U2.cosine * std::cos(lambda);
+    const double sigma = Atan2(cosSigma, sinSigma); // the direction of (cosSigma, sinSigma)
+    const double sinAlpha = U1.cosine * U2.cosine * std::sin(lambda) / sinSigma;
+    const double cosSqAlpha = 1 - sinAlpha * sinAlpha;
+    double cos2SigmaM = 0;
+    if (cosSqAlpha != 0) // 0: a line along the equator
+        cos2SigmaM = cosSigma - 2 * U1.sine * U2.sine / cosSqAlpha;
+    const double C = f / 16 * cosSqAlpha * (4 + f * (4 - 3 * cosSqAlpha));
+    const double cos2 = cos2SigmaM * cos2SigmaM;
+    const double nextLambda =
+        L + (1 - C) * f * sinAlpha *
+                (sigma + C * sinSigma * (cos2SigmaM + C * cosSigma * (-1 + 2 * cos2)));
+    return {sinSigma, cosSigma, sigma, cosSqAlpha, cos2SigmaM, nextLambda};
 }
 
 double lengthOf(const Arc& arc) {
@@ -91,7 +89,7 @@ VincentyDistance distVincenty(double lat1, double lon1, double lat2, double lon2
     double lambda = L;
     double lambdaP = twoPi15;
     int counter = passes;
-    Arc arc;
+    Arc arc{};
     while (std::fabs(lambda - lambdaP) > convergence && counter >= 1) {
         --counter;
         const double sinSigma = sineOfArc(U1, U2, lambda);
