@@ -10,8 +10,8 @@ namespace orbisgrid {
 /// A position read from a UI-View text. Single precision: the seven digits that the decimal boxes
 /// show come from it.
 struct UIViewPosition {
-    float latitude = 0;  ///< degrees, north positive
-    float longitude = 0; ///< degrees, east positive
+    float latitude{};  ///< degrees, north positive
+    float longitude{}; ///< degrees, east positive
     bool isSouth = false;
     bool isWest = false; ///< from the letters, so that 0 degrees may be south or west
 };

@@ -55,12 +55,12 @@ std::optional<ExtendedCorner> cornerOfTen(TextView locator) {
         return std::nullopt;
     const auto& p = *indices;
 
-    // Two stored singles a coordinate; the seventh digit of the texts depends on the rounding
-    // between them.
-    auto longitude = static_cast<float>((((p[4] / 24) + p[2]) / 10 + p[0]) * 20 - 180);
-    longitude = static_cast<float>(longitude + ((p[8] / 24) + p[6]) / 10 / 12);
-    auto latitude = static_cast<float>((((p[5] / 24) + p[3]) / 10 + p[1]) * 10 - 90);
-    latitude = static_cast<float>(latitude + ((p[9] / 24) + p[7]) / 10 / 24);
+    // Two stored singles a coordinate, the subsquare's border and the corner's own; the seventh
+    // digit of the texts depends on the rounding between them.
+    const auto west = static_cast<float>((((p[4] / 24) + p[2]) / 10 + p[0]) * 20 - 180);
+    const auto longitude = static_cast<float>(west + ((p[8] / 24) + p[6]) / 10 / 12);
+    const auto south = static_cast<float>((((p[5] / 24) + p[3]) / 10 + p[1]) * 10 - 90);
+    const auto latitude = static_cast<float>(south + ((p[9] / 24) + p[7]) / 10 / 24);
     return ExtendedCorner{longitude, latitude};
 }
 

@@ -15,8 +15,8 @@ struct ExtendedPosition {
 
 /// The south-west corner of a 10-character cell, in degrees, east and north positive.
 struct ExtendedCorner {
-    float longitude = 0;
-    float latitude = 0;
+    float longitude{};
+    float latitude{};
 };
 
 /// Decodes the first ten characters of a locator; nothing where there are fewer or one is not of

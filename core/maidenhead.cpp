@@ -3,6 +3,7 @@
 #include "core/number_text.h"
 #include "core/runtime_error.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
@@ -12,7 +13,8 @@ namespace orbisgrid {
 
 namespace {
 
-using LocatorCodes = std::array<double, 6>;
+constexpr std::size_t locatorLength = 6;
+using LocatorCodes = std::array<double, locatorLength>;
 
 struct Position {
     double longitude;
@@ -25,6 +27,13 @@ void complete(Text& locator) {
         locator += u"LL";
     if (locator.size() == 5)
         locator += u'L';
+}
+
+/// The codes of a locator's first six characters, which must be there.
+LocatorCodes codesOf(TextView locator) {
+    LocatorCodes codes{};
+    std::copy_n(locator.begin(), locatorLength, codes.begin());
+    return codes;
 }
 
 /// Position of a subsquare's centre. 64.5 is "A" less one half: it adds half a subsquare.
@@ -46,9 +55,8 @@ struct Dms {
 };
 
 Dms split(double magnitude) {
-    const double degrees = std::trunc(magnitude);
-    const double sign = magnitude > 0 ? 1 : 0;
-    const double m = (magnitude - degrees) * 60 * sign;
+    const double degrees = std::floor(magnitude);
+    const double m = (magnitude - degrees) * 60;
     return {degrees, std::floor(m), (m - std::floor(m)) * 60};
 }
 
@@ -79,12 +87,9 @@ int cellIndex(double value, int firstCode) {
 
 LocatorPosition Maiden2World(Text& locator) {
     complete(locator);
-    if (locator.size() < 4)
+    if (locator.size() < locatorLength)
         throw RuntimeError(RuntimeError::invalidProcedureCall);
-    LocatorCodes codes{};
-    for (std::size_t i = 0; i < codes.size(); ++i)
-        codes[i] = locator[i];
-    const Position position = centreOf(codes);
+    const Position position = centreOf(codesOf(locator));
 
     LocatorPosition result;
     // The texts come from the values before they become single: in many places, FN20 among them,
@@ -100,10 +105,9 @@ LocatorPosition Maiden2World(Text& locator) {
 
 LocatorPositionHMS Maiden2WorldHMS(Text& locator) {
     complete(locator);
-    LocatorCodes codes{};
-    for (std::size_t i = 0; i < codes.size() && i < locator.size(); ++i)
-        codes[i] = locator[i];
-    const Position position = centreOf(codes);
+    Text six = locator;
+    six.resize(locatorLength); // a missing character counts as 0
+    const Position position = centreOf(codesOf(six));
     const double longitude = std::fabs(position.longitude);
     const double latitude = std::fabs(position.latitude);
     const char16_t eastWest = longitudeLetter(position.longitude);
@@ -133,10 +137,11 @@ Text World2Grid(double& Longitude, double& Latitude) {
     const int b = cellIndex(Latitude, 65);
     Longitude = (Longitude - a) * 10;
     Latitude = (Latitude - b) * 10;
-    const int c = cellIndex(Longitude, 48);
-    const int d = cellIndex(Latitude, 48);
-    const int e = cellIndex((Longitude - c) * 24, 65);
-    const int f = cellIndex((Latitude - d) * 24, 65);
+    // What a floor leaves is not negative, so that the cast of it is one as well.
+    const int c = static_cast<int>(Longitude);
+    const int d = static_cast<int>(Latitude);
+    const int e = static_cast<int>((Longitude - c) * 24);
+    const int f = static_cast<int>((Latitude - d) * 24);
     return {characterWithCode(a + 65), characterWithCode(b + 65), characterWithCode(c + 48),
             characterWithCode(d + 48), characterWithCode(e + 65), characterWithCode(f + 65)};
 }
@@ -154,7 +159,7 @@ Text World2Maiden(double LongCo, double LatCo, int /*TypeConvert*/) {
     const double f = std::floor((y - d) * 24) + 65;
     Text locator;
     for (const double code : {a + 65, b + 65, c + 48, d + 48, e, f})
-        locator += characterWithCode(std::nearbyint(code));
+        locator += characterWithCode(code);
     return locator[1] == u'S' ? Text() : locator;
 }
 

@@ -6,10 +6,10 @@ namespace orbisgrid {
 
 /// What Maiden2World decodes a locator to.
 struct LocatorPosition {
-    Text LonText; ///< longitude with its sign, at most 7 digits, and "E" or "W": "-75.04167W"
-    Text LatText; ///< latitude likewise, with "N" or "S": "50.9375N"
-    float longitude = 0; ///< degrees, east positive
-    float latitude = 0;  ///< degrees, north positive
+    Text LonText;      ///< longitude with its sign, at most 7 digits, and "E" or "W": "-75.04167W"
+    Text LatText;      ///< latitude likewise, with "N" or "S": "50.9375N"
+    float longitude{}; ///< degrees, east positive
+    float latitude{};  ///< degrees, north positive
 };
 
 /// What Maiden2WorldHMS decodes a locator to. Magnitudes; the letters carry the hemisphere.
@@ -18,8 +18,8 @@ struct LocatorPositionHMS {
     Text LatText;    ///< absolute latitude likewise, with "N" or "S"
     Text LonDmsText; ///< "004°.02'.30 E": the points and the blank belong to it
     Text LatDmsText; ///< "50°.56'.15 N"
-    double LonDeg = 0, LonMin = 0, LonSec = 0; ///< LonSec keeps its fraction ...
-    double LatDeg = 0, LatMin = 0, LatSec = 0; ///< ... LatSec is whole, halves away from zero
+    double LonDeg{}, LonMin{}, LonSec{}; ///< LonSec keeps its fraction ...
+    double LatDeg{}, LatMin{}, LatSec{}; ///< ... LatSec is whole, halves away from zero
 };
 
 /// Decodes a locator of 4, 5 or 6 characters to the centre of its subsquare.

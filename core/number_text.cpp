@@ -20,7 +20,7 @@ bool isDigit(char16_t character) {
 
 /// A number at the start of a text: what it is worth and what stands behind it.
 struct ScannedNumber {
-    double value = 0;
+    double value{};
     bool hasDigits = false;
     TextView rest;
 };
@@ -69,7 +69,7 @@ double outOfRange(std::string_view digits) {
 
 double valueOfMany(TextView text) {
     const std::string digits(text.begin(), text.end());
-    double value = 0;
+    double value{};
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value,
                                               std::chars_format::fixed);
     return error == std::errc::result_out_of_range ? outOfRange(digits) : value;
@@ -107,8 +107,8 @@ std::optional<Integer> nearestInteger(double value) {
 
 /// A magnitude that is not 0 as a whole number times a power of ten.
 struct Decimal {
-    std::uint64_t whole = 0;
-    int exponent = 0;
+    std::uint64_t whole{};
+    int exponent{};
 };
 
 /// `magnitude` with `count` significant digits: the exact value rounded, halves to even.
@@ -160,15 +160,16 @@ std::size_t digitsOf(std::uint64_t whole) {
     return count;
 }
 
-/// Lays out a plain decimal: no exponent, no trailing zeros behind the point, a digit before it.
-void append(Text& text, Decimal decimal) {
+/// Lays out a plain decimal: no exponent, no trailing zeros behind the point, a digit before it. A
+/// whole number gets leading zeros up to `minimumDigits`.
+void append(Text& text, Decimal decimal, std::size_t minimumDigits) {
     while (decimal.exponent < 0 && decimal.whole % 10 == 0) {
         decimal.whole /= 10;
         ++decimal.exponent;
     }
     const auto zeros = static_cast<std::size_t>(std::max(decimal.exponent, 0));
     const auto decimals = static_cast<std::size_t>(std::max(-decimal.exponent, 0));
-    const std::size_t digits = std::max(digitsOf(decimal.whole), decimals + 1);
+    const std::size_t digits = std::max({digitsOf(decimal.whole), decimals + 1, minimumDigits});
     const std::size_t first = text.size();
     const std::size_t point = first + digits - decimals;
     text.resize(first + digits + (decimals > 0 ? 1 : 0), u'.');
@@ -182,10 +183,11 @@ void append(Text& text, Decimal decimal) {
 }
 
 /// The plain form behind `prefix`, which stands in front of values that are not negative.
-Text signedText(double value, int significantDigits, TextView prefix) {
+Text signedText(double value, int significantDigits, TextView prefix,
+                std::size_t minimumDigits = 1) {
     Text text; // the only one that is returned: it is made where the caller wants it, never moved
     if (value == 0) {
-        (text += prefix) += u'0';
+        (text += prefix).append(minimumDigits, u'0');
     } else if (!std::isfinite(value)) {
         (text += prefix) += std::isnan(value) ? u"nan" : u"inf";
     } else {
@@ -195,7 +197,7 @@ Text signedText(double value, int significantDigits, TextView prefix) {
             text += prefix;
         const double magnitude = std::fabs(value);
         const auto quick = quicklyRounded(magnitude, significantDigits);
-        append(text, quick ? *quick : rounded(magnitude, significantDigits));
+        append(text, quick ? *quick : rounded(magnitude, significantDigits), minimumDigits);
     }
     return text;
 }
@@ -263,13 +265,7 @@ double wholeMaskValue(double value) {
 }
 
 Text wholeMask(double value, std::size_t minimumDigits) {
-    const double whole = wholeMaskValue(value);
-    Text digits = plainText(std::fabs(whole));
-    if (digits.size() < minimumDigits)
-        digits.insert(0, minimumDigits - digits.size(), u'0');
-    if (whole < 0)
-        digits.insert(0, 1, u'-');
-    return digits;
+    return signedText(wholeMaskValue(value), doubleDigits, {}, minimumDigits);
 }
 
 Text fiveDecimalMask(double value) {

@@ -12,7 +12,7 @@ constexpr char16_t replacement = 0xFFFD;
 
 /// One Unicode scalar value read from UTF-8, and how many bytes it took.
 struct Utf8Character {
-    char32_t code = 0;
+    char32_t code{};
     std::size_t length = 0; // 0: these bytes are no UTF-8
 };
 
@@ -27,9 +27,9 @@ std::size_t sequenceLength(std::uint8_t lead) {
 }
 
 bool isScalarInShortestForm(char32_t code, std::size_t length) {
-    constexpr std::array<char32_t, 5> smallest{0, 0, 0x80, 0x800, 0x10000};
+    constexpr auto smallest = std::to_array<char32_t>({0x80, 0x800, 0x10000});
     const bool isSurrogate = code >= 0xD800 && code <= 0xDFFF;
-    return code >= smallest.at(length) && code <= 0x10FFFF && !isSurrogate;
+    return code >= smallest.at(length - 2) && code <= 0x10FFFF && !isSurrogate;
 }
 
 Utf8Character decodeUtf8(std::string_view bytes) {
@@ -103,10 +103,10 @@ Text decodeEach(std::string_view bytes, OnBadByte onBadByte) {
 }
 
 /// Windows-1252 at 0x80 to 0x9F; elsewhere it is Latin-1. Source: the code page's published table.
-constexpr std::array<char16_t, 32> windows1252{
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+constexpr auto windows1252 = std::to_array<char16_t>(
+    {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178});
 
 Text fromWindows1252(std::string_view bytes) {
     Text text;
@@ -118,49 +118,37 @@ Text fromWindows1252(std::string_view bytes) {
     return text;
 }
 
-char16_t upperLatin(char16_t c) {
-    if ((c >= u'a' && c <= u'z') || (c >= 0xE0 && c <= 0xFE && c != 0xF7))
-        return static_cast<char16_t>(c - 32);
-    if (c == 0xFF)
-        return 0x178;
-    // Extended-A pairs its letters, upper case on the even code or, in two stretches, on the odd
-    // one. 0x130 and 0x131 (dotted and dotless i) are no pair.
-    if ((c >= 0x100 && c <= 0x12F) || (c >= 0x132 && c <= 0x137) || (c >= 0x14A && c <= 0x177))
-        return static_cast<char16_t>(c & ~1U);
-    if ((c >= 0x139 && c <= 0x148) || (c >= 0x179 && c <= 0x17E))
-        return static_cast<char16_t>(c - (c % 2 == 0 ? 1 : 0));
-    return c;
-}
+/// A stretch of small letters and how far it is from each to its capital. Where capitals stand
+/// between them, every second code is a small letter's.
+struct SmallLetters {
+    char16_t first, last;
+    int toCapital;
+    bool isEverySecond = false;
+};
 
-char16_t upperGreek(char16_t c) {
-    if ((c >= 0x3B1 && c <= 0x3CB) && c != 0x3C2)
-        return static_cast<char16_t>(c - 32);
-    switch (c) {
-    case 0x3AC:
-        return 0x386;
-    case 0x3AD:
-    case 0x3AE:
-    case 0x3AF:
-        return static_cast<char16_t>(c - 37);
-    case 0x3C2: // final sigma
-        return 0x3A3;
-    case 0x3CC:
-        return 0x38C;
-    case 0x3CD:
-    case 0x3CE:
-        return static_cast<char16_t>(c - 63);
-    default:
-        return c;
-    }
-}
-
-char16_t upperCyrillic(char16_t c) {
-    if (c >= 0x430 && c <= 0x44F)
-        return static_cast<char16_t>(c - 32);
-    if (c >= 0x450 && c <= 0x45F)
-        return static_cast<char16_t>(c - 80);
-    return c;
-}
+/// Latin (to the end of Extended-A), Greek and Cyrillic, in the order of the codes.
+/// Dotless i and long s are not among them: their capitals are ASCII letters. Source: the Unicode
+/// character database.
+constexpr auto smallLetters = std::to_array<SmallLetters>({
+    {u'a', u'z', -32},
+    {0xE0, 0xF6, -32},
+    {0xF8, 0xFE, -32},
+    {0xFF, 0xFF, 121},
+    {0x101, 0x12F, -1, true},
+    {0x133, 0x137, -1, true},
+    {0x13A, 0x148, -1, true},
+    {0x14B, 0x177, -1, true},
+    {0x17A, 0x17E, -1, true},
+    {0x3AC, 0x3AC, -38},
+    {0x3AD, 0x3AF, -37},
+    {0x3B1, 0x3C1, -32},
+    {0x3C2, 0x3C2, -31}, // final sigma
+    {0x3C3, 0x3CB, -32},
+    {0x3CC, 0x3CC, -64},
+    {0x3CD, 0x3CE, -63},
+    {0x430, 0x44F, -32},
+    {0x450, 0x45F, -80},
+});
 
 } // namespace
 
@@ -176,11 +164,14 @@ TextView withoutLeadingBlanks(TextView text) {
 }
 
 char16_t upperCase(char16_t character) {
-    if (character < 0x180)
-        return upperLatin(character);
-    if (character < 0x400)
-        return upperGreek(character);
-    return upperCyrillic(character);
+    for (const SmallLetters& letters : smallLetters) {
+        if (character < letters.first)
+            break;
+        const bool isBetween = letters.isEverySecond && character % 2 != letters.first % 2;
+        if (character <= letters.last && !isBetween)
+            return static_cast<char16_t>(character + letters.toCapital);
+    }
+    return character;
 }
 
 Text upperCase(TextView text) {

@@ -3,6 +3,7 @@
 #include "core/number_text.h"
 #include "geodesy/locator_check.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace orbisgrid {
@@ -16,10 +17,6 @@ constexpr double earthRadius = 6367; // km
 /// Every step is stored as single; the digits shown depend on it.
 float single(double value) {
     return static_cast<float>(value);
-}
-
-double signOf(double value) {
-    return value > 0 ? 1 : -1;
 }
 
 /// An angle's sine and cosine as the steps below want them: the library's doubles, stored single.
@@ -73,9 +70,8 @@ GreatCircle greatCircle(WestPositivePoint home, WestPositivePoint target) {
     const double lonWt_r = single(static_cast<double>(target.lonW) * rad);
     const double sinH = H.sine, cosH = H.cosine, sinT = T.sine, cosT = T.cosine;
 
-    float cosd = single(sinH * sinT + cosH * cosT * std::cos(lonWt_r - lonWh_r));
-    if (std::fabs(cosd) > 1)
-        cosd = single(signOf(cosd));
+    float cosd =
+        std::clamp(single(sinH * sinT + cosH * cosT * std::cos(lonWt_r - lonWh_r)), -1.0f, 1.0f);
     if (home.lonW == target.lonW && home.lat == target.lat)
         cosd = 1; // identical locators are 0 km apart, whatever the sum rounds to
     const float s = single(std::sqrt(1 - static_cast<double>(cosd) * cosd));
@@ -83,9 +79,7 @@ GreatCircle greatCircle(WestPositivePoint home, WestPositivePoint target) {
     if (s == 0)
         return {dist, 0}; // same point or antipodes: no direction, 0 is shown
 
-    float t = single((sinT - sinH * cosd) / (s * cosH));
-    if (std::fabs(t) > 1)
-        t = single(signOf(t));
+    const float t = std::clamp(single((sinT - sinH * cosd) / (s * cosH)), -1.0f, 1.0f);
     const float w = single(std::sin(lonWh_r - lonWt_r));
     return {dist, azimuth(t, w)};
 }

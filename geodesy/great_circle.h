@@ -7,14 +7,14 @@ namespace orbisgrid {
 /// A point as the distance calculation counts it: longitude positive towards the WEST, unlike the
 /// rest of the program. Degrees, single precision.
 struct WestPositivePoint {
-    float lonW = 0;
-    float lat = 0;
+    float lonW{};
+    float lat{};
 };
 
 /// Distance and azimuth between two points.
 struct GreatCircle {
-    float dist = 0; ///< kilometres on a sphere of 6367 km
-    float az = 0;   ///< degrees from north over east, 0 up to 360, at the first point
+    float dist{}; ///< kilometres on a sphere of 6367 km
+    float az{};   ///< degrees from north over east, 0 up to 360, at the first point
 };
 
 /// What CalcDistAzimuth leaves, in the signed print form (a blank or "-" in front).

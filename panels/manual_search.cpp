@@ -17,7 +17,7 @@ Text manualText(std::string_view fileBytes) {
     if (rest.starts_with(byteOrderMark))
         rest.remove_prefix(1);
     Text manual;
-    manual.reserve(rest.size() + rest.size() / 16 + lineEnd.size());
+    manual.reserve(rest.size() + lineEnd.size());
     while (!rest.empty()) {
         const std::size_t end = std::min(rest.find_first_of(u"\r\n"), rest.size());
         manual += rest.substr(0, end);
@@ -48,7 +48,7 @@ ManualFind ManualSearch::DoTheSearch(TextView answer) {
     }
     m_searchString = upperCase(m_searchString);
     m_lastSearch = m_searchString;
-    m_searchPos = positionFrom(m_searchPos == 0 ? 1 : m_searchPos);
+    m_searchPos = positionFrom(std::max<std::size_t>(m_searchPos, 1));
 
     ManualFind find{ManualFind::Outcome::nothingFound, m_searchPos, m_searchString.size()};
     if (m_searchPos != 0) {
@@ -71,8 +71,6 @@ void ManualSearch::lookAhead() {
 }
 
 std::size_t ManualSearch::positionFrom(std::size_t start) const {
-    if (start > m_upperManual.size() + 1)
-        return 0;
     // Boyer-Moore, because a plain search takes length times length where a long find text nearly
     // matches everywhere: minutes in a manual of 10 MB.
     const auto from = m_upperManual.begin() + static_cast<std::ptrdiff_t>(start - 1);

@@ -22,7 +22,7 @@ struct ManualFind {
         nothingFound ///< say "Nothing found" and take the selection away
     };
     Outcome outcome = Outcome::cancelled;
-    std::size_t position = 0; ///< of the match's first character, counted from 1
+    std::size_t position{}; ///< of the match's first character, counted from 1
     std::size_t length = 0;
 };
 
@@ -57,6 +57,8 @@ public:
     bool Found() const { return m_found; }
 
 private:
+    /// The next match from `start` on, which is 1 at least and at most one behind the last
+    /// character: no look-ahead begins beyond a match. Result: 0 where there is none.
     std::size_t positionFrom(std::size_t start) const;
     void lookAhead();
 

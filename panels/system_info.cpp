@@ -21,7 +21,7 @@ std::string hexadecimal(char16_t character) {
 
 /// The decimal text of the number that hexadecimal digits denote.
 std::optional<Text> decimalOfHexadecimal(const std::string& digits) {
-    std::uint64_t number = 0;
+    std::uint64_t number{};
     const char* const end = digits.data() + digits.size();
     const auto [stop, error] = std::from_chars(digits.data(), end, number, 16);
     if (error != std::errc{} || stop != end)

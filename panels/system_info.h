@@ -20,8 +20,8 @@ public:
     enum ValueType : std::uint32_t { stringValue = 1, numberValue = 4 };
 
     struct Value {
-        std::uint32_t type = 0;
-        std::size_t size = 0; ///< characters written to the buffer, a closing zero counted
+        std::uint32_t type{};
+        std::size_t size{}; ///< characters written to the buffer, a closing zero counted
     };
 
     /// The root that tools are installed under for every user of the machine.

@@ -111,18 +111,16 @@ void appendList(std::string& bytes, std::string_view label, const std::vector<Te
     appendLine(bytes, toUtf8(listTerminator));
 }
 
-/// Code units of the character at `position`: two where a high surrogate has its partner.
-std::size_t characterLength(TextView text, std::size_t position) {
-    const auto isIn = [&](std::size_t i, char16_t first, char16_t last) {
-        return i < text.size() && text[i] >= first && text[i] <= last;
-    };
-    return isIn(position, 0xD800, 0xDBFF) && isIn(position + 1, 0xDC00, 0xDFFF) ? 2 : 1;
+/// Code units of the first character. What is read from bytes has no half of a pair of surrogates:
+/// where there is a high one, its partner follows.
+std::size_t firstCharacterLength(TextView text) {
+    return text.front() >= 0xD800 && text.front() <= 0xDBFF ? 2 : 1;
 }
 
 /// `text` from where `count` characters have passed.
 TextView withoutCharacters(TextView text, std::size_t count) {
     for (; count > 0 && !text.empty(); --count)
-        text.remove_prefix(characterLength(text, 0));
+        text.remove_prefix(firstCharacterLength(text));
     return text;
 }
 

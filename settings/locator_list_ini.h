@@ -29,10 +29,10 @@ struct LocatorListIni {
 
 /// What the writer takes from the running program instead of from what was read.
 struct IniWindowState {
-    Text version;              ///< "3.1.1", part of line 1
-    std::int16_t chkOnTop = 0; ///< the check box, 0 or 1
-    std::int32_t left = 0;     ///< the window's position in twips (1/1440 inch)
-    std::int32_t top = 0;
+    Text version;            ///< "3.1.1", part of line 1
+    std::int16_t chkOnTop{}; ///< the check box, 0 or 1
+    std::int32_t left{};     ///< the window's position in twips (1/1440 inch)
+    std::int32_t top{};
 };
 
 /// How many entries of a list are written, blank ones included, and how many are read.
