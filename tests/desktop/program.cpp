@@ -2,7 +2,6 @@
 
 #include "tests/support/new_folder.h"
 
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>

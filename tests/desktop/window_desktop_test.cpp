@@ -97,7 +97,7 @@ protected:
         key("shift+Tab");
         key("shift+Tab");
         key("space");
-        test::waitUntil([] { return !test::clipboardText().empty(); }, 30);
+        EXPECT_TRUE(test::waitUntil([] { return !test::clipboardText().empty(); }, 30));
     }
 
     void close() {
@@ -246,6 +246,7 @@ TEST_F(WindowDesktopTest, OfTwoWindowsTheLastClosedWins) {
     open();
     calculateToTheEnd("jo20aw", "fn42aa");
     shell("xclip -i -selection clipboard </dev/null >/dev/null 2>&1"); // its result is forgotten
+    EXPECT_TRUE(test::waitUntil([] { return test::clipboardText().empty(); }, 30));
     // The second one works in the folder of the first.
     const test::ShellResult started =
         shell("ORBISGRID_PROGRAM_FOLDER=" + m_program.folder().string() +

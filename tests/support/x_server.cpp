@@ -76,11 +76,12 @@ void XServer::startWindowManager() {
     });
     // Openbox says that it is there before it listens, and leaves a window that asks to be shown in
     // between unheeded until something else happens. Only an order that it has followed tells that
-    // it listens; sent again and again, it is what happens else.
+    // it listens (nine desktops are nobody's configuration); sent again and again, it is what
+    // happens else.
     const std::string order = "export DISPLAY=" + m_display +
-                              "; xdotool set_num_desktops 1 2>/dev/null"
+                              "; xdotool set_num_desktops 9 2>/dev/null"
                               "; xprop -root _NET_NUMBER_OF_DESKTOPS 2>/dev/null";
-    const auto manages = [&] { return shell(order).output.find("= 1\n") != std::string::npos; };
+    const auto manages = [&] { return shell(order).output.find("= 9\n") != std::string::npos; };
     if (!waitUntil(manages, 60))
         throw std::runtime_error("openbox does not start");
 }

@@ -69,7 +69,7 @@ private Q_SLOTS:
         QVERIFY2(bright >= 2, "its left and its right edge");
     }
 
-    void cleanup() {
+    void init() {
         QApplication::setStyle(QStringLiteral("fusion"));
         QApplication::setPalette(QPalette());
     }

@@ -48,7 +48,7 @@ private Q_SLOTS:
         QVERIFY(qobject_cast<FractionalScaleStyle*>(QApplication::style()) != nullptr);
     }
 
-    void cleanup() {
+    void init() {
         QApplication::setStyle(QStringLiteral("fusion"));
         QApplication::setPalette(QPalette());
     }
