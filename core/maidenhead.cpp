@@ -71,12 +71,12 @@ Text dmsText(const Dms& dms, std::size_t degreeDigits, char16_t letter) {
     return text;
 }
 
-/// floor() as the 16-bit index it is stored in, and with the first character's code added: both
-/// sums overflow as 16-bit numbers do.
-int cellIndex(double value, int firstCode) {
+/// floor() as the 16-bit index it is stored in, which overflows as 16-bit numbers do, with the code
+/// of "A" added as well.
+int fieldIndex(double value) {
     constexpr int largest = std::numeric_limits<std::int16_t>::max();
     constexpr int smallest = std::numeric_limits<std::int16_t>::min();
-    if (!(value >= smallest && value < largest - firstCode + 1))
+    if (!(value >= smallest && value < largest - 65 + 1))
         RuntimeError::raise(RuntimeError::overflow);
     // In this range a cast and a step back are floor(), without the call that it takes.
     const int towardsZero = static_cast<int>(value);
@@ -133,11 +133,12 @@ LocatorPositionHMS Maiden2WorldHMS(Text& locator) {
 Text World2Grid(double& Longitude, double& Latitude) {
     Longitude = (Longitude + 180) / 20;
     Latitude = (Latitude + 90) / 10;
-    const int a = cellIndex(Longitude, 65);
-    const int b = cellIndex(Latitude, 65);
+    const int a = fieldIndex(Longitude);
+    const int b = fieldIndex(Latitude);
     Longitude = (Longitude - a) * 10;
     Latitude = (Latitude - b) * 10;
-    // What a floor leaves is not negative, so that the cast of it is one as well.
+    // What a floor leaves is 0 to 1: its cells are never negative, which makes a cast their floor,
+    // and never more than 24, which nothing overflows with.
     const int c = static_cast<int>(Longitude);
     const int d = static_cast<int>(Latitude);
     const int e = static_cast<int>((Longitude - c) * 24);

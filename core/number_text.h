@@ -46,7 +46,7 @@ Text printText(float value);
 Text printText(double value);
 
 /// The masks "0", "00", "000", "##00", "###000": `value` to a whole number, halves away from zero,
-/// with leading zeros up to `minimumDigits` digits (1 or more) and more digits if it needs them.
+/// with leading zeros up to `minimumDigits` digits (1 to 15) and more digits if it needs them.
 Text wholeMask(double value, std::size_t minimumDigits);
 
 /// `value` rounded to a whole number as the mask "0" does it: halves away from zero. The exact

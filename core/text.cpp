@@ -126,9 +126,9 @@ struct SmallLetters {
     bool isEverySecond = false;
 };
 
-/// Latin (to the end of Extended-A), Greek and Cyrillic, in the order of the codes.
-/// Dotless i and long s are not among them: their capitals are ASCII letters. Source: the Unicode
-/// character database.
+/// Latin to the end of Extended-A, the Greek of today and Cyrillic to 0x45F, in the order of the
+/// codes. Dotless i and long s are not among them: their capitals are ASCII letters. Source: the
+/// Unicode character database.
 constexpr auto smallLetters = std::to_array<SmallLetters>({
     {u'a', u'z', -32},
     {0xE0, 0xF6, -32},

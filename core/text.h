@@ -24,8 +24,9 @@ TextView trimmed(TextView text);
 TextView withoutLeadingBlanks(TextView text);
 
 /// `text` in upper case, code unit by code unit: the length never changes, so "ß" stays "ß".
-/// Covers Latin (ASCII, Latin-1, Extended-A), Greek and Cyrillic. No letter outside ASCII becomes
-/// one inside it (a dotless i or a long s stays): what is no locator character stays none.
+/// Covers Latin (ASCII, Latin-1, Extended-A), the Greek of today and Cyrillic to U+045F. No letter
+/// outside ASCII becomes one inside it (a dotless i or a long s stays): what is no locator
+/// character stays none.
 Text upperCase(TextView text);
 
 /// The upper-case form of one code unit, as in `upperCase`.

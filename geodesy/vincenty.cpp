@@ -15,7 +15,7 @@ constexpr double a = 6378137;
 constexpr double b = 6356752.3142;
 constexpr double f = 1 / 298.257223563;
 
-constexpr double twoPi15 = 6.28318530717958; // 2 pi to 15 digits: only its distance from L matters
+constexpr double twoPi15 = 6.28318530717958; // no L but that of a whole turn is as far
 constexpr double convergence = 1e-12;
 constexpr int passes = 100;
 
@@ -89,7 +89,7 @@ VincentyDistance distVincenty(double lat1, double lon1, double lat2, double lon2
     double lambda = L;
     double lambdaP = twoPi15;
     int counter = passes;
-    Arc arc{};
+    Arc arc{}; // of a whole turn, where no pass is made, it keeps its zeros
     while (std::fabs(lambda - lambdaP) > convergence && counter >= 1) {
         --counter;
         const double sinSigma = sineOfArc(U1, U2, lambda);

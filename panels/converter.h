@@ -58,10 +58,12 @@ struct Converter {
     // The steps of the OK buttons, each from one panel to the next.
 
     /// Locator box to decimal boxes and hemisphere lists. `form` gets the centre of the subsquare.
-    /// The lists follow a letter at the end of the texts, which only an earlier decode leaves.
+    /// The lists follow a letter at the end of the texts, which only an earlier decode leaves;
+    /// without one they are north and west until WorldDMS sets them. Says where a locator is none.
     void MaidenConvert(DistAzimuthTexts& form, Messages& messages);
 
-    /// Decimal boxes to locator box, which stays as it is where they cannot be read.
+    /// Decimal boxes to locator box. It stays as it is where they cannot be read, which is said,
+    /// and where the position is too far outside the world, which is not.
     void DecimalCoordinates(Messages& messages);
 
     /// Decimal boxes to degrees, minutes, seconds, hemisphere lists, `Lat` and `Lon`. A decimal

@@ -17,7 +17,6 @@ Text manualText(std::string_view fileBytes) {
     if (rest.starts_with(byteOrderMark))
         rest.remove_prefix(1);
     Text manual;
-    manual.reserve(rest.size() + lineEnd.size());
     while (!rest.empty()) {
         const std::size_t end = std::min(rest.find_first_of(u"\r\n"), rest.size());
         manual += rest.substr(0, end);

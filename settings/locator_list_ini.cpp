@@ -2,6 +2,8 @@
 
 #include "core/number_text.h"
 
+#include <algorithm>
+
 namespace orbisgrid {
 
 namespace {
@@ -120,7 +122,7 @@ std::size_t firstCharacterLength(TextView text) {
 /// `text` from where `count` characters have passed.
 TextView withoutCharacters(TextView text, std::size_t count) {
     for (; count > 0 && !text.empty(); --count)
-        text.remove_prefix(firstCharacterLength(text));
+        text.remove_prefix(std::min(firstCharacterLength(text), text.size()));
     return text;
 }
 

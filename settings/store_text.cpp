@@ -38,8 +38,8 @@ std::vector<Line> linesOf(std::string_view content) {
 
 /// Where a setting of the program's section stands.
 struct Place {
-    std::optional<Line> line;     ///< the key's own line
-    std::size_t endOfSection = 0; ///< behind the section's last line with something in it
+    std::optional<Line> line;   ///< the key's own line
+    std::size_t endOfSection{}; ///< behind the section's last line with something in it
     bool hasSection = false;
 };
 

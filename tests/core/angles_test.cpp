@@ -2,6 +2,8 @@
 #include "tests/support/runtime_error_code.h"
 #include "tests/support/table.h"
 
+#include <cmath>
+
 namespace orbisgrid {
 
 namespace {
@@ -44,6 +46,17 @@ TEST_P(Atan2Test, GivesTheDirectionOfThePoint) {
 
 INSTANTIATE_TEST_SUITE_P(Rows, Atan2Test, testing::ValuesIn(test::readTable("angles_atan2.tsv", 3)),
                          test::testName);
+
+/// There both quotients are the same, but a half pi of 15 digits is not twice the arc tangent of 1.
+TEST(Atan2, OnADiagonalTheXAxisIsTheOneToStartFrom) {
+    const double eighth = std::atan(1.0);
+    EXPECT_EQ(Atan2(1, 1), eighth);
+    EXPECT_EQ(Atan2(-1, 1), -eighth + pi15);
+    EXPECT_EQ(Atan2(1, -1), -eighth);
+    EXPECT_EQ(Atan2(-1, -1), eighth - pi15);
+    EXPECT_EQ(Atan2(1, 2), pi15 / 2 - std::atan(0.5));
+    EXPECT_EQ(Atan2(1, -2), -std::atan(-0.5) - pi15 / 2);
+}
 
 TEST(Atan2, RaisesAtTheOrigin) {
     EXPECT_EQ(raisedCode([] { Atan2(0, 0); }), 11);

@@ -82,6 +82,13 @@ INSTANTIATE_TEST_SUITE_P(Rows, ManualSearchTest,
                          testing::ValuesIn(test::readTable("manual_search.tsv", 6)),
                          test::testName);
 
+TEST(ManualSearch, StartsWithNothingFound) {
+    const ManualSearch search(u"locator");
+    EXPECT_EQ(search.SearchPos(), 0U);
+    EXPECT_EQ(search.NextStart(), 0U);
+    EXPECT_FALSE(search.Found());
+}
+
 TEST(ManualSearch, IsLinearWhereTheTextNearlyMatchesEverywhere) {
     // A plain search compares 5000 characters at each of 10 million places: many seconds.
     Text manual;
