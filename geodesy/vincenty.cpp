@@ -15,7 +15,7 @@ constexpr double a = 6378137;
 constexpr double b = 6356752.3142;
 constexpr double f = 1 / 298.257223563;
 
-constexpr double twoPi15 = 6.28318530717958; // no L but that of a whole turn is as far
+constexpr double twoPi15 = 6.28318530717958; // 2 pi to 15 digits: far from every L but a whole turn
 constexpr double convergence = 1e-12;
 constexpr int passes = 100;
 
