@@ -8,9 +8,9 @@ namespace orbisgrid {
 
 /// One coordinate as degrees, minutes and seconds: a magnitude in whole numbers and its side.
 struct WholeDms {
-    double Deg{};
-    double Min{};
-    double Sec{};            ///< 0 to 60: a 60 is kept and not carried into the minutes
+    double Deg = 0;
+    double Min = 0;
+    double Sec = 0;          ///< 0 to 60: a 60 is kept and not carried into the minutes
     bool isNegative = false; ///< south or west
 };
 

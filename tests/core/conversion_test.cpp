@@ -23,6 +23,15 @@ INSTANTIATE_TEST_SUITE_P(Rows, WorldDMSTest,
                          testing::ValuesIn(test::readTable("conversion_world_dms.tsv", 5)),
                          test::testName);
 
+/// The UI-View text of a window without a position shows it.
+TEST(WholeDms, StartsAtZero) {
+    const WholeDms start;
+    EXPECT_EQ(start.Deg, 0);
+    EXPECT_EQ(start.Min, 0);
+    EXPECT_EQ(start.Sec, 0);
+    EXPECT_FALSE(start.isNegative);
+}
+
 TEST(WorldDMS, SkipsANumberTooLargeToBeOne) {
     EXPECT_EQ(WorldDMS(Text(400, u'9')).has_value(), false);
 }

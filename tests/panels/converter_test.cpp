@@ -119,40 +119,41 @@ TEST(ConverterLabels, FollowTheDecimalBoxes) {
     EXPECT_EQ(converter.lblDecEW(), u"E");
 }
 
-/// Both lists hold what they do not become, so that each is seen to be set.
-Converter beforeLists(int northSouth, int westEast, TextView locator) {
+/// The decimal boxes and both lists behind MaidenConvert. The lists held `northSouth` and
+/// `westEast` before, so that each is seen to be set.
+Text maidenConverted(TextView locator, int northSouth, int westEast, DistAzimuthTexts& texts) {
+    RecordedMessages messages;
     Converter converter;
     converter.txtLocator.set(locator);
     converter.cmbDmsNS.ListIndex = northSouth;
     converter.cmbDmsWE.ListIndex = westEast;
-    return converter;
+    converter.MaidenConvert(texts, messages);
+    Text boxes = converter.txtLocator.text();
+    for (const TextView text : {TextView(converter.txtDecLat.text()), converter.cmbDmsNS.text(),
+                                TextView(converter.txtDecLong.text()), converter.cmbDmsWE.text()})
+        (boxes += u'|') += text;
+    return boxes;
 }
 
 TEST(ConverterMaidenConvert, FillsTheDecimalBoxesAndTakesADigitForWest) {
-    RecordedMessages messages;
     DistAzimuthTexts texts;
-    Converter converter = beforeLists(1, 0, u" jo20aw ");
-    converter.MaidenConvert(texts, messages);
-    EXPECT_EQ(converter.txtLocator.text(), u"JO20AW");
-    EXPECT_EQ(converter.txtDecLong.text(), u" 4.04166");
-    EXPECT_EQ(converter.txtDecLat.text(), u" 50.937");
-    EXPECT_EQ(converter.cmbDmsWE.text(), u"W");
-    EXPECT_EQ(converter.cmbDmsNS.text(), u"N");
+    EXPECT_EQ(maidenConverted(u" jo20aw ", 1, 0, texts), u"JO20AW| 50.937|N| 4.04166|W");
     EXPECT_EQ(texts.LonText, u"4.041667E");
     EXPECT_EQ(texts.LatText, u"50.9375N");
 }
 
 TEST(ConverterMaidenConvert, ListsFollowTheLettersOfAnEarlierDecode) {
-    RecordedMessages messages;
     DistAzimuthTexts texts;
     texts.LonText = u"18.4E";
     texts.LatText = u"33.9S";
-    Converter converter = beforeLists(0, 1, u"JO2");
-    converter.MaidenConvert(texts, messages);
-    EXPECT_EQ(converter.txtDecLong.text(), u"18.4");
-    EXPECT_EQ(converter.txtDecLat.text(), u"33.9");
-    EXPECT_EQ(converter.cmbDmsWE.text(), u"E");
-    EXPECT_EQ(converter.cmbDmsNS.text(), u"S");
+    EXPECT_EQ(maidenConverted(u"JO2", 0, 1, texts), u"JO2|33.9|S|18.4|E");
+}
+
+TEST(ConverterUIView, ShowsZerosBeforeAPositionIsThere) {
+    RecordedMessages messages;
+    Converter converter;
+    converter.UIView(messages);
+    EXPECT_EQ(converter.txtUIView.text(), u"=0000.00N/00000.00E");
 }
 
 TEST(ConverterCopies, AfterALocator) {
