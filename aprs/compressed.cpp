@@ -41,9 +41,9 @@ void appendGroup(Text& text, double value) {
 
 } // namespace
 
-Text compressedText(double longitude, double latitude) {
-    const double X = std::floor((longitude + 180) * longitudeScale);
-    const auto Y = static_cast<float>((90 - latitude) * latitudeScale);
+Text compressedText(Position position) {
+    const double X = std::floor((position.longitude + 180) * longitudeScale);
+    const auto Y = static_cast<float>((90 - position.latitude) * latitudeScale);
     Text text;
     text.reserve(14);
     text += prefix;

@@ -54,12 +54,9 @@ std::optional<UIViewPosition> readUIViewText(TextView text) {
     const Fields lat{middle(text, 2 - k, 2), middle(text, 4 - k, 2), middle(text, 7 - k, 3)};
     const Fields lon{middle(text, p + 1, 3), middle(text, p + 4, 2), middle(text, p + 7, 3)};
 
-    UIViewPosition position;
-    position.isSouth = lat.endWith(u"S");
-    position.isWest = lon.endWith(u"W");
-    position.latitude = lat.value(position.isSouth);
-    position.longitude = lon.value(position.isWest);
-    return position;
+    const bool isSouth = lat.endWith(u"S");
+    const bool isWest = lon.endWith(u"W");
+    return UIViewPosition{{lat.value(isSouth), lon.value(isWest)}, isSouth, isWest};
 }
 
 } // namespace orbisgrid

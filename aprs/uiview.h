@@ -1,17 +1,16 @@
 #pragma once
 
 #include "core/conversion.h"
+#include "core/position.h"
 #include "core/text.h"
 
 #include <optional>
 
 namespace orbisgrid {
 
-/// A position read from a UI-View text. Single precision: the seven digits that the decimal boxes
-/// show come from it.
+/// A position read from a UI-View text.
 struct UIViewPosition {
-    float latitude{};  ///< degrees, north positive
-    float longitude{}; ///< degrees, east positive
+    Position position; ///< stored as singles: the decimal boxes show their seven digits
     bool isSouth = false;
     bool isWest = false; ///< from the letters, so that 0 degrees may be south or west
 };
@@ -23,8 +22,8 @@ struct UIViewPosition {
 /// A field that overflows (60 seconds fit; 100 degrees of latitude do not) is written with its
 /// extra digit and shifts what stands behind it. The hemispheres come from the two letters, not
 /// from `isNegative`.
-Text uiViewText(const WholeDms& latitude, TextView northSouth, const WholeDms& longitude,
-                TextView eastWest);
+[[nodiscard]] Text uiViewText(const WholeDms& latitude, TextView northSouth,
+                              const WholeDms& longitude, TextView eastWest);
 
 /// Reads a UI-View text by position. Result: nothing for fewer than 10 characters.
 ///
@@ -32,6 +31,6 @@ Text uiViewText(const WholeDms& latitude, TextView northSouth, const WholeDms& l
 /// that begins with "0" is read one place too far to the right. Missing or non-numeric fields read
 /// as 0, minutes and seconds above 59 count as they stand, and only an upper-case "S" ("W") is
 /// south (west).
-std::optional<UIViewPosition> readUIViewText(TextView text);
+[[nodiscard]] std::optional<UIViewPosition> readUIViewText(TextView text);
 
 } // namespace orbisgrid

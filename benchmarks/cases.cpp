@@ -27,8 +27,9 @@ Text tenCharacters(int x, int y) {
     return locator;
 }
 
-Case caseAt(double longitude, double latitude) {
-    Case result{longitude, latitude, {}, {}, {}, {}, {}, {}};
+Case caseAt(Position position) {
+    const auto [latitude, longitude] = position;
+    Case result{position, {}, {}, {}, {}, {}, {}};
     result.ten = tenCharacters(cellOf(longitude, -180, 2880), cellOf(latitude, -90, 5760));
     result.six = result.ten.substr(0, 6);
     result.narrowSix = toUtf8(result.six);
@@ -46,7 +47,7 @@ std::vector<Case> randomCases() {
     std::vector<Case> result;
     for (std::size_t i = 0; i < caseCount; ++i) {
         const double longitude = between(-180, 180);
-        result.push_back(caseAt(longitude, between(-90, 90)));
+        result.push_back(caseAt({between(-90, 90), longitude}));
     }
     return result;
 }

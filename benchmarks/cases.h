@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/position.h"
 #include "core/text.h"
 
 #include <benchmark/benchmark.h>
@@ -15,9 +16,9 @@ inline constexpr std::size_t caseCount = 4096;
 
 /// One random position on land or sea, in every form that a benchmark starts from.
 struct Case {
-    double longitude, latitude; ///< degrees, east and north positive
-    Text six;                   ///< its locator of six characters
-    Text ten;                   ///< and of ten
+    Position position;
+    Text six; ///< its locator of six characters
+    Text ten; ///< and of ten
     std::string narrowSix, narrowTen;
     Text decLong, decLat; ///< as the decimal boxes hold it
 };

@@ -35,7 +35,7 @@ Code floorCode(const std::string& longitude, const std::string& latitude) {
 }
 
 Text code(const Case& one) {
-    return compressedText(leadingNumber(one.decLong), leadingNumber(one.decLat));
+    return compressedText({leadingNumber(one.decLat), leadingNumber(one.decLong)});
 }
 
 /// The boxes' texts as the floor reads them, made before the clock runs.

@@ -106,26 +106,26 @@ bool isSame(TextView program, const char* floor) {
 
 const RegisterCheck agrees("locator chain", [](const Case& one, const Case&) {
     NoMessages messages;
-    DistAzimuthTexts form;
+    FormTexts texts;
     Converter converter;
     converter.txtLocator.set(one.six);
-    converter.cmdOKLocator_Click(form, messages);
+    converter.cmdOKLocator_Click(texts, messages);
     const FloorTexts floor = floorChain(one.narrowSix);
     return isSame(trimmed(converter.txtDecLong.text()), floor.decLong.data()) &&
            isSame(trimmed(converter.txtDecLat.text()), floor.decLat.data()) &&
            isSame(converter.txtUIView.text(), floor.uiView.data()) &&
            isSame(converter.lblCompressed, floor.code.data()) &&
-           isSame(TextView(form.LonText).substr(0, form.LonText.size() - 1),
+           isSame(TextView(texts.LonText).substr(0, texts.LonText.size() - 1),
                   floor.centreLong.data());
 });
 
 void LocatorChain(benchmark::State& state) {
     NoMessages messages;
-    DistAzimuthTexts form;
+    FormTexts texts;
     Converter converter;
     overCases(state, [&](const Case& one, std::size_t) {
         converter.txtLocator.set(one.six);
-        converter.cmdOKLocator_Click(form, messages);
+        converter.cmdOKLocator_Click(texts, messages);
         return converter.lblCompressed.data();
     });
 }

@@ -78,7 +78,7 @@ FloorTexts floorTexts(const Case& home, const Case& target) {
 }
 
 const RegisterCheck agrees("distance and azimuth", [](const Case& home, const Case& target) {
-    DistAzimuthTexts program;
+    FormTexts program;
     CalcDistAzimuth(home.six, target.six, program);
     const FloorCircle floor = floorCircle(floorPoint(home.narrowSix), floorPoint(target.narrowSix));
     return std::stod(toUtf8(program.DistText)) ==
@@ -88,7 +88,7 @@ const RegisterCheck agrees("distance and azimuth", [](const Case& home, const Ca
 
 void DistanceTexts(benchmark::State& state) {
     overCases(state, [](const Case& home, std::size_t i) {
-        DistAzimuthTexts texts;
+        FormTexts texts;
         CalcDistAzimuth(home.six, partnerOf(i).six, texts);
         return texts;
     });
@@ -107,7 +107,7 @@ const RegisterGoal distanceGoal("DistanceTexts", "DistanceTextsFloor", 1.5);
 void DistanceByPairs(benchmark::State& state) {
     const auto pairs = static_cast<std::size_t>(state.range(0));
     for (auto _ : state) {
-        DistAzimuthTexts texts;
+        FormTexts texts;
         for (std::size_t i = 0; i < pairs; ++i) {
             CalcDistAzimuth(cases()[i % caseCount].six, partnerOf(i % caseCount).six, texts);
             benchmark::DoNotOptimize(texts);

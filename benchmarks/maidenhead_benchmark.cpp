@@ -13,27 +13,19 @@ namespace {
 
 // Decoding to two numbers -----------------------------------------------------------------------
 
-struct Point {
-    float longitude, latitude;
-};
-
-Point decodeSix(const Case& one) {
-    const auto checked = checkedHome(one.six);
-    const WestPositivePoint point = pointOf(*checked);
-    return {-point.lonW, point.lat};
+Position decodeSix(const Case& one) {
+    return pointOf(*checkedHome(one.six));
 }
 
 /// No check, no case: the formula alone.
-Point floorDecodeSix(const Case& one) {
+Position floorDecodeSix(const Case& one) {
     const std::string& c = one.narrowSix;
-    return {static_cast<float>((c[0] - 'A') * 20 - 180 + (c[2] - '0') * 2 + (c[4] - 64.5) / 12),
-            static_cast<float>((c[1] - 'A') * 10 - 90 + (c[3] - '0') + (c[5] - 64.5) / 24)};
+    return {static_cast<float>((c[1] - 'A') * 10 - 90 + (c[3] - '0') + (c[5] - 64.5) / 24),
+            static_cast<float>((c[0] - 'A') * 20 - 180 + (c[2] - '0') * 2 + (c[4] - 64.5) / 12)};
 }
 
 const RegisterCheck decodes("decoding six characters", [](const Case& one, const Case&) {
-    const Point program = decodeSix(one);
-    const Point floor = floorDecodeSix(one);
-    return program.longitude == floor.longitude && program.latitude == floor.latitude;
+    return decodeSix(one) == floorDecodeSix(one);
 });
 
 void DecodeSix(benchmark::State& state) {
@@ -64,15 +56,13 @@ struct TwoTexts {
 };
 
 TwoTexts floorTexts(const Case& one) {
-    const Point point = floorDecodeSix(one);
+    const Position point = floorDecodeSix(one);
     TwoTexts texts;
     char* const last = texts.buffer.data() + texts.buffer.size();
-    char* middle = std::to_chars(texts.buffer.data(), last, static_cast<double>(point.longitude),
-                                 std::chars_format::general, 7)
-                       .ptr;
-    texts.end = std::to_chars(middle, last, static_cast<double>(point.latitude),
-                              std::chars_format::general, 7)
-                    .ptr;
+    char* middle =
+        std::to_chars(texts.buffer.data(), last, point.longitude, std::chars_format::general, 7)
+            .ptr;
+    texts.end = std::to_chars(middle, last, point.latitude, std::chars_format::general, 7).ptr;
     return texts;
 }
 
@@ -100,8 +90,8 @@ using SixCharacters = std::array<char, 6>;
 /// Rounding towards minus infinity is part of the arithmetic: positions west and south of the world
 /// have their letters too.
 SixCharacters floorEncodeSix(const Case& one) {
-    const double x = (one.longitude + 180) / 20;
-    const double y = (one.latitude + 90) / 10;
+    const double x = (one.position.longitude + 180) / 20;
+    const double y = (one.position.latitude + 90) / 10;
     const double a = std::floor(x);
     const double b = std::floor(y);
     const double x10 = (x - a) * 10;
@@ -117,9 +107,7 @@ SixCharacters floorEncodeSix(const Case& one) {
 }
 
 Text encodeSix(const Case& one) {
-    double longitude = one.longitude;
-    double latitude = one.latitude;
-    return World2Grid(longitude, latitude);
+    return locatorOf(one.position);
 }
 
 const RegisterCheck encodes("encoding six characters", [](const Case& one, const Case&) {

@@ -24,14 +24,14 @@ namespace {
 
 double inverse(const Case& one, const Case& partner) {
     double metres = 0;
-    GeographicLib::Geodesic::WGS84().Inverse(one.latitude, one.longitude, partner.latitude,
-                                             partner.longitude, metres);
+    GeographicLib::Geodesic::WGS84().Inverse(one.position.latitude, one.position.longitude,
+                                             partner.position.latitude, partner.position.longitude,
+                                             metres);
     return metres;
 }
 
 const RegisterCheck inverseAgrees("GeographicLib", [](const Case& one, const Case& partner) {
-    const VincentyDistance program =
-        distVincenty(one.latitude, one.longitude, partner.latitude, partner.longitude);
+    const VincentyDistance program = distVincenty(one.position, partner.position);
     return program.iterationLimitReached ||
            std::fabs(program.metres - inverse(one, partner)) < 0.001;
 });
@@ -58,14 +58,15 @@ Point hamlibDecode(const std::string& locator) {
 
 std::array<char, 16> hamlibEncode(const Case& one, int pairs) {
     std::array<char, 16> locator{};
-    longlat2locator(one.longitude, one.latitude, locator.data(), pairs);
+    longlat2locator(one.position.longitude, one.position.latitude, locator.data(), pairs);
     return locator;
 }
 
 double hamlibDistance(const Case& one, const Case& partner) {
     double km = 0;
     double azimuth = 0;
-    qrb(one.longitude, one.latitude, partner.longitude, partner.latitude, &km, &azimuth);
+    qrb(one.position.longitude, one.position.latitude, partner.position.longitude,
+        partner.position.latitude, &km, &azimuth);
     return km + azimuth;
 }
 
@@ -73,8 +74,8 @@ const RegisterCheck hamlibAgrees("Hamlib", [](const Case& one, const Case&) {
     rig_set_debug(RIG_DEBUG_NONE); // it would print each call
     const Point point = hamlibDecode(one.narrowSix);
     return hamlibEncode(one, 3).data() == one.narrowSix &&
-           std::fabs(point.longitude - one.longitude) < 0.0834 &&
-           std::fabs(point.latitude - one.latitude) < 0.0418;
+           std::fabs(point.longitude - one.position.longitude) < 0.0834 &&
+           std::fabs(point.latitude - one.position.latitude) < 0.0418;
 });
 
 void HamlibDecodeSix(benchmark::State& state) {

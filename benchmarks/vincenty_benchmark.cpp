@@ -9,7 +9,9 @@ namespace orbisgrid::bench {
 namespace {
 
 /// The published formulae with the standard library's arc tangent and no look at what may fail.
-double floorVincenty(double lat1, double lon1, double lat2, double lon2) {
+double floorVincenty(Position from, Position to) {
+    const auto [lat1, lon1] = from;
+    const auto [lat2, lon2] = to;
     constexpr double a = 6378137, b = 6356752.3142, f = 1 / 298.257223563;
     constexpr double rad = std::numbers::pi / 180;
     const double L = (lon2 - lon1) * rad;
@@ -41,24 +43,22 @@ double floorVincenty(double lat1, double lon1, double lat2, double lon2) {
 }
 
 const RegisterCheck agrees("ellipsoidal distance", [](const Case& one, const Case& partner) {
-    const VincentyDistance program =
-        distVincenty(one.latitude, one.longitude, partner.latitude, partner.longitude);
+    const VincentyDistance program = distVincenty(one.position, partner.position);
     return program.iterationLimitReached ||
-           std::fabs(program.metres - floorVincenty(one.latitude, one.longitude, partner.latitude,
-                                                    partner.longitude)) < 0.001;
+           std::fabs(program.metres - floorVincenty(one.position, partner.position)) < 0.001;
 });
 
 void Vincenty(benchmark::State& state) {
     overCases(state, [](const Case& one, std::size_t i) {
         const Case& partner = partnerOf(i);
-        return distVincenty(one.latitude, one.longitude, partner.latitude, partner.longitude);
+        return distVincenty(one.position, partner.position);
     });
 }
 
 void VincentyFloor(benchmark::State& state) {
     overCases(state, [](const Case& one, std::size_t i) {
         const Case& partner = partnerOf(i);
-        return floorVincenty(one.latitude, one.longitude, partner.latitude, partner.longitude);
+        return floorVincenty(one.position, partner.position);
     });
 }
 

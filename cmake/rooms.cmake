@@ -1,5 +1,5 @@
 # orbisgrid_room(<name> LINKS <rooms and libraries> [QT] SOURCES <files>)
-# One static library a folder.
+# One static library per folder.
 function(orbisgrid_room name)
   cmake_parse_arguments(ROOM "QT" "" "LINKS;SOURCES" ${ARGN})
   add_library(orbisgrid_${name} STATIC ${ROOM_SOURCES})

@@ -30,17 +30,15 @@ std::ptrdiff_t positionOf(TextView text, char16_t sign) {
 } // namespace
 
 Text Convert_Degree(float Decimal_Deg) {
-    const auto d = static_cast<float>(std::floor(static_cast<double>(Decimal_Deg)));
-    const auto m = static_cast<float>((static_cast<double>(Decimal_Deg) - d) * 60);
-    const double s = (m - std::floor(static_cast<double>(m))) * 60;
+    const Dms dms = splitAngle<float>(Decimal_Deg);
     Text text = u" ";
-    text += plainText(d);
+    text += plainText(static_cast<float>(dms.degrees));
     text += degreeSign;
     text += u' ';
-    text += plainText(std::floor(static_cast<double>(m)));
+    text += plainText(dms.minutes);
     text += minuteSign;
     text += u' ';
-    text += wholeMask(s, 1);
+    text += wholeMask(dms.seconds, 1);
     text += secondSign;
     return text;
 }

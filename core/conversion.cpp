@@ -1,5 +1,6 @@
 #include "core/conversion.h"
 
+#include "core/angles.h"
 #include "core/maidenhead.h"
 #include "core/number_text.h"
 #include "core/runtime_error.h"
@@ -16,20 +17,17 @@ std::optional<WholeDms> WorldDMS(TextView boxText) {
     const double value = leadingNumber(boxText);
     if (!std::isfinite(value))
         return std::nullopt;
-    const double v = std::fabs(value);
-    const double degrees = std::floor(v);
-    const double m = (v - degrees) * 60;
-    const double s = (m - std::floor(m)) * 60;
-    return WholeDms{degrees, std::floor(m), wholeMaskValue(s), value < 0};
+    const Dms dms = splitAngle<double>(std::fabs(value));
+    return WholeDms{dms.degrees, dms.minutes, wholeMaskValue(dms.seconds), value < 0};
 }
 
-DecimalCoordinatesResult DecimalCoordinates(TextView decLong, TextView decLat) {
-    double longitude = leadingNumber(withDecimalPoint(trimmed(decLong)));
-    double latitude = leadingNumber(withDecimalPoint(trimmed(decLat)));
-    if (!std::isfinite(longitude) || !std::isfinite(latitude))
+DecimalCoordinatesResult DecimalCoordinates(TextView decLat, TextView decLong) {
+    const Position position{leadingNumber(withDecimalPoint(trimmed(decLat))),
+                            leadingNumber(withDecimalPoint(trimmed(decLong)))};
+    if (!std::isfinite(position.latitude) || !std::isfinite(position.longitude))
         return {DecimalCoordinatesOutcome::unreadable, {}};
     try {
-        return {DecimalCoordinatesOutcome::converted, World2Grid(longitude, latitude)};
+        return {DecimalCoordinatesOutcome::converted, locatorOf(position)};
     } catch (const RuntimeError&) {
         return {DecimalCoordinatesOutcome::outOfGrid, {}};
     }

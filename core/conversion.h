@@ -15,12 +15,12 @@ struct WholeDms {
 };
 
 /// A decimal box as the conversions read it: every "," is a ".".
-Text withDecimalPoint(TextView boxText);
+[[nodiscard]] Text withDecimalPoint(TextView boxText);
 
 /// The degrees, minutes and seconds of a decimal box. The text is read by the leading-number parse;
 /// seconds are rounded to a whole number, halves away from zero, degrees and minutes are cut.
 /// Result: nothing where the number is too large to be one.
-std::optional<WholeDms> WorldDMS(TextView boxText);
+[[nodiscard]] std::optional<WholeDms> WorldDMS(TextView boxText);
 
 /// What became of the two decimal boxes.
 enum class DecimalCoordinatesOutcome {
@@ -35,7 +35,7 @@ struct DecimalCoordinatesResult {
 };
 
 /// The locator of the two decimal boxes. Each text is trimmed, "," is read as ".", and its leading
-/// number is taken; longitude first.
-DecimalCoordinatesResult DecimalCoordinates(TextView decLong, TextView decLat);
+/// number is taken. Either may be the unreadable one: the outcome is the same.
+[[nodiscard]] DecimalCoordinatesResult DecimalCoordinates(TextView decLat, TextView decLong);
 
 } // namespace orbisgrid

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/position.h"
 #include "core/text.h"
 
 #include <optional>
@@ -13,16 +14,10 @@ struct ExtendedPosition {
     Text LatText;
 };
 
-/// The south-west corner of a 10-character cell, in degrees, east and north positive.
-struct ExtendedCorner {
-    float longitude{};
-    float latitude{};
-};
-
-/// Decodes the first ten characters of a locator; nothing where there are fewer or one is not of
-/// its kind (see LongMaiden2Coordinates). Each coordinate is stored as single twice: before and
-/// after its extended part is added.
-std::optional<ExtendedCorner> cornerOfTen(TextView locator);
+/// The south-west corner of a cell of ten characters, of which any that follow are ignored; nothing
+/// where there are fewer or one is not of its kind (see LongMaiden2Coordinates). Each coordinate is
+/// stored as single twice: before and after its extended part is added.
+[[nodiscard]] std::optional<Position> cornerOfTen(TextView locator);
 
 /// Decodes a locator of 4 to 10 characters to the south-west corner of its 10-character cell.
 ///
@@ -33,7 +28,7 @@ std::optional<ExtendedCorner> cornerOfTen(TextView locator);
 /// 0 to 9.
 ///
 /// Result: nothing for a malformed locator, one of fewer than 4 characters included.
-std::optional<ExtendedPosition> LongMaiden2Coordinates(Text& strLongMaiden);
+[[nodiscard]] std::optional<ExtendedPosition> LongMaiden2Coordinates(Text& strLongMaiden);
 
 /// Encodes a position to 10 characters. Degrees, east and north positive; both are overwritten with
 /// intermediate values.
@@ -43,6 +38,6 @@ std::optional<ExtendedPosition> LongMaiden2Coordinates(Text& strLongMaiden);
 /// JO21AX55YA. That is this encoder; the panels encode with World2Grid.
 ///
 /// Throws RuntimeError 5 where a character code leaves 0..255, 6 where a whole part overflows.
-Text Coordinates2LongMaiden(double& E_Lon, double& N_Lat);
+[[nodiscard]] Text Coordinates2LongMaiden(double& E_Lon, double& N_Lat);
 
 } // namespace orbisgrid

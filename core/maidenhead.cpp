@@ -1,5 +1,7 @@
 #include "core/maidenhead.h"
 
+#include "core/angles.h"
+#include "core/locator_grid.h"
 #include "core/number_text.h"
 #include "core/runtime_error.h"
 
@@ -16,17 +18,9 @@ namespace {
 constexpr std::size_t locatorLength = 6;
 using LocatorCodes = std::array<double, locatorLength>;
 
-struct Position {
-    double longitude;
-    double latitude;
-};
-
+/// Upper-cases and completes a locator in place.
 void complete(Text& locator) {
-    locator = upperCase(locator);
-    if (locator.size() == 4)
-        locator += u"LL";
-    if (locator.size() == 5)
-        locator += u'L';
+    locator = completedTo(locatorLength, upperCase(locator));
 }
 
 /// The codes of a locator's first six characters, which must be there.
@@ -38,8 +32,10 @@ LocatorCodes codesOf(TextView locator) {
 
 /// Position of a subsquare's centre. 64.5 is "A" less one half: it adds half a subsquare.
 Position centreOf(const LocatorCodes& c) {
-    return {(c[0] - 65) * 20 - 180 + (c[2] - 48) * 2 + (c[4] - 64.5) / 12,
-            (c[1] - 65) * 10 - 90 + (c[3] - 48) + (c[5] - 64.5) / 24};
+    return {(c[1] - 65) * fieldLatitude - 90 + (c[3] - 48) * squareLatitude +
+                (c[5] - 64.5) / subsquaresPerDegreeLatitude,
+            (c[0] - 65) * fieldLongitude - 180 + (c[2] - 48) * squareLongitude +
+                (c[4] - 64.5) / subsquaresPerDegreeLongitude};
 }
 
 char16_t longitudeLetter(double longitude) {
@@ -48,16 +44,6 @@ char16_t longitudeLetter(double longitude) {
 
 char16_t latitudeLetter(double latitude) {
     return latitude < 0 ? u'S' : u'N';
-}
-
-struct Dms {
-    double degrees, minutes, seconds;
-};
-
-Dms split(double magnitude) {
-    const double degrees = std::floor(magnitude);
-    const double m = (magnitude - degrees) * 60;
-    return {degrees, std::floor(m), (m - std::floor(m)) * 60};
 }
 
 Text dmsText(const Dms& dms, std::size_t degreeDigits, char16_t letter) {
@@ -71,14 +57,14 @@ Text dmsText(const Dms& dms, std::size_t degreeDigits, char16_t letter) {
     return text;
 }
 
-/// floor() as the 16-bit index it is stored in, which overflows as 16-bit numbers do, with the code
-/// of "A" added as well.
+/// The floor of `value`. Raises overflow where it does not fit 16 signed bits, or no longer does
+/// once the code of "A" is added.
 int fieldIndex(double value) {
     constexpr int largest = std::numeric_limits<std::int16_t>::max();
     constexpr int smallest = std::numeric_limits<std::int16_t>::min();
     if (!(value >= smallest && value < largest - 65 + 1))
         RuntimeError::raise(RuntimeError::overflow);
-    // In this range a cast and a step back are floor(), without the call that it takes.
+    // std::floor is a call into the library; a cast that corrects negative values is not.
     const int towardsZero = static_cast<int>(value);
     return value < towardsZero ? towardsZero - 1 : towardsZero;
 }
@@ -89,17 +75,16 @@ LocatorPosition Maiden2World(Text& locator) {
     complete(locator);
     if (locator.size() < locatorLength)
         throw RuntimeError(RuntimeError::invalidProcedureCall);
-    const Position position = centreOf(codesOf(locator));
+    const Position centre = centreOf(codesOf(locator));
 
     LocatorPosition result;
     // The texts come from the values before they become single: in many places, FN20 among them,
     // the seventh digit differs.
-    result.LonText = plainTextOfSeven(position.longitude);
-    result.LatText = plainTextOfSeven(position.latitude);
-    result.longitude = static_cast<float>(position.longitude);
-    result.latitude = static_cast<float>(position.latitude);
-    result.LonText += longitudeLetter(position.longitude);
-    result.LatText += latitudeLetter(position.latitude);
+    result.LonText = plainTextOfSeven(centre.longitude);
+    result.LatText = plainTextOfSeven(centre.latitude);
+    result.LonText += longitudeLetter(centre.longitude);
+    result.LatText += latitudeLetter(centre.latitude);
+    result.position = {static_cast<float>(centre.latitude), static_cast<float>(centre.longitude)};
     return result;
 }
 
@@ -116,8 +101,8 @@ LocatorPositionHMS Maiden2WorldHMS(Text& locator) {
     LocatorPositionHMS result;
     result.LonText = plainText(longitude) + eastWest;
     result.LatText = plainText(latitude) + northSouth;
-    const Dms lon = split(longitude);
-    Dms lat = split(latitude);
+    const Dms lon = splitAngle<double>(longitude);
+    Dms lat = splitAngle<double>(latitude);
     lat.seconds = wholeMaskValue(lat.seconds); // only here: the longitude keeps its fraction
     result.LonDeg = lon.degrees;
     result.LonMin = lon.minutes;
@@ -131,33 +116,36 @@ LocatorPositionHMS Maiden2WorldHMS(Text& locator) {
 }
 
 Text World2Grid(double& Longitude, double& Latitude) {
-    Longitude = (Longitude + 180) / 20;
-    Latitude = (Latitude + 90) / 10;
+    Longitude = (Longitude + 180) / fieldLongitude;
+    Latitude = (Latitude + 90) / fieldLatitude;
     const int a = fieldIndex(Longitude);
     const int b = fieldIndex(Latitude);
-    Longitude = (Longitude - a) * 10;
-    Latitude = (Latitude - b) * 10;
-    // What a floor leaves is 0 to 1: its cells are never negative, which makes a cast their floor,
-    // and never more than 24, which nothing overflows with.
+    Longitude = (Longitude - a) * squaresPerField;
+    Latitude = (Latitude - b) * squaresPerField;
+    // What is left is never negative, so a cast is its floor; nor is it ever more than 24.
     const int c = static_cast<int>(Longitude);
     const int d = static_cast<int>(Latitude);
-    const int e = static_cast<int>((Longitude - c) * 24);
-    const int f = static_cast<int>((Latitude - d) * 24);
+    const int e = static_cast<int>((Longitude - c) * subsquaresPerSquare);
+    const int f = static_cast<int>((Latitude - d) * subsquaresPerSquare);
     return {characterWithCode(a + 65), characterWithCode(b + 65), characterWithCode(c + 48),
             characterWithCode(d + 48), characterWithCode(e + 65), characterWithCode(f + 65)};
 }
 
+Text locatorOf(Position position) {
+    return World2Grid(position.longitude, position.latitude);
+}
+
 Text World2Maiden(double LongCo, double LatCo, int /*TypeConvert*/) {
-    double x = (180 - LongCo) / 20;
-    double y = (LatCo + 90) / 10;
+    double x = (180 - LongCo) / fieldLongitude;
+    double y = (LatCo + 90) / fieldLatitude;
     const double a = std::floor(x);
     const double b = std::floor(y);
-    x = (x - a) * 10;
-    y = (y - b) * 10;
+    x = (x - a) * squaresPerField;
+    y = (y - b) * squaresPerField;
     const double c = std::floor(x);
     const double d = std::floor(y);
-    const double e = std::floor((x - c) * 24) + 65;
-    const double f = std::floor((y - d) * 24) + 65;
+    const double e = std::floor((x - c) * subsquaresPerSquare) + 65;
+    const double f = std::floor((y - d) * subsquaresPerSquare) + 65;
     Text locator;
     for (const double code : {a + 65, b + 65, c + 48, d + 48, e, f})
         locator += characterWithCode(code);

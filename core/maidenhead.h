@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/position.h"
 #include "core/text.h"
 
 namespace orbisgrid {
@@ -8,8 +9,7 @@ namespace orbisgrid {
 struct LocatorPosition {
     Text LonText;      ///< longitude with its sign, at most 7 digits, and "E" or "W": "-75.04167W"
     Text LatText;      ///< latitude likewise, with "N" or "S": "50.9375N"
-    float longitude{}; ///< degrees, east positive
-    float latitude{};  ///< degrees, north positive
+    Position position; ///< the same centre, stored as singles
 };
 
 /// What Maiden2WorldHMS decodes a locator to. Magnitudes; the letters carry the hemisphere.
@@ -26,7 +26,7 @@ struct LocatorPositionHMS {
 ///
 /// `locator` is upper-cased and completed in place: "jo20" reads "JO20LL" afterwards, so a
 /// 4-character locator stands for the centre of subsquare LL, 2.5 minutes west and 1.25 minutes
-/// south of the square's centre (deliberate: distances between squares are computed from there).
+/// south of the square's centre: every locator then stands for the centre of one subsquare.
 /// Characters behind the sixth are ignored. No character is checked: a letter beyond the alphabet
 /// gives a position beyond the world. 0 counts as north and east.
 ///
@@ -41,16 +41,20 @@ LocatorPositionHMS Maiden2WorldHMS(Text& locator);
 /// Encodes a position to 6 characters by truncation. Degrees, east and north positive.
 ///
 /// Both arguments are left at the remainders in units of a square (2.0208... and 0.9375 for
-/// JO20AW): pass copies. Nothing is clamped: longitude 180 and latitude 90 give letter "S". On a
-/// cell border the formula decides as it stands: longitude 4 with latitude 50 is JO10XA.
+/// JO20AW): pass copies. Nothing is clamped: longitude 180 and latitude 90 give letter "S". A point
+/// on the border of two cells may fall in the one to the west or south, as the divisions round:
+/// longitude 4 with latitude 50 is JO10XA.
 ///
 /// Throws RuntimeError 6 where an index leaves 16 signed bits, and 5 where a character code leaves
 /// 0..255.
-Text World2Grid(double& Longitude, double& Latitude);
+[[nodiscard]] Text World2Grid(double& Longitude, double& Latitude);
+
+/// The 6-character locator of a place: World2Grid, which see for its borders and what it throws.
+[[nodiscard]] Text locatorOf(Position position);
 
 /// Encodes a position to 6 characters; `LongCo` counts positive towards the WEST, `LatCo` towards
 /// the north. `TypeConvert` is accepted and not used. Result: empty where the latitude letter comes
 /// out as "S" (latitude 90 up to 100). Throws RuntimeError 5 where a code leaves 0..255.
-Text World2Maiden(double LongCo, double LatCo, int TypeConvert);
+[[nodiscard]] Text World2Maiden(double LongCo, double LatCo, int TypeConvert);
 
 } // namespace orbisgrid

@@ -185,7 +185,7 @@ void append(Text& text, Decimal decimal, std::size_t minimumDigits) {
 /// The plain form behind `prefix`, which stands in front of values that are not negative.
 Text signedText(double value, int significantDigits, TextView prefix,
                 std::size_t minimumDigits = 1) {
-    Text text; // the only one that is returned: it is made where the caller wants it, never moved
+    Text text; // returned by every path, so the compiler builds it in the caller's place
     if (value == 0) {
         (text += prefix).append(minimumDigits, u'0');
     } else if (!std::isfinite(value)) {

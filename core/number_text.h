@@ -13,18 +13,18 @@ namespace orbisgrid {
 /// at most one point; the first character that cannot belong to the number ends it. A text without
 /// a leading number gives 0. Never an exponent, never hexadecimal, never "inf" or "nan", and always
 /// a point, whatever the locale. "-0" gives 0. A number beyond double's range gives infinity.
-double leadingNumber(TextView text);
+[[nodiscard]] double leadingNumber(TextView text);
 
 /// The strict conversion: blanks around, one sign, digits with at most one point and at least one
 /// digit, and nothing else. Result: the number, or nothing for any other text.
-std::optional<double> strictNumber(TextView text);
+[[nodiscard]] std::optional<double> strictNumber(TextView text);
 
 /// The nearest whole number, halves to even; nothing where it does not fit 32 signed bits (or
 /// where `value` is no number).
-std::optional<std::int32_t> nearestInt32(double value);
+[[nodiscard]] std::optional<std::int32_t> nearestInt32(double value);
 
 /// The same for 16 signed bits.
-std::optional<std::int16_t> nearestInt16(double value);
+[[nodiscard]] std::optional<std::int16_t> nearestInt16(double value);
 
 // Writing numbers -------------------------------------------------------------------------------
 
@@ -32,29 +32,29 @@ std::optional<std::int16_t> nearestInt16(double value);
 /// rounded, not the shortest text that reads back), no trailing zeros, no exponent however large or
 /// small, "0" before the point below 1, never "-0". Infinity and NaN give texts ("inf", "nan") that
 /// the leading-number parse reads as 0.
-Text plainText(float value);
+[[nodiscard]] Text plainText(float value);
 
 /// The same of a double, at most 15 significant digits.
-Text plainText(double value);
+[[nodiscard]] Text plainText(double value);
 
 /// The plain form of a double with the 7 digits of a single: for texts made of a value before it is
 /// stored as single, where rounding to single first would change the seventh digit.
-Text plainTextOfSeven(double value);
+[[nodiscard]] Text plainTextOfSeven(double value);
 
 /// The signed print form: the plain form with a blank in front of a value that is not negative.
-Text printText(float value);
-Text printText(double value);
+[[nodiscard]] Text printText(float value);
+[[nodiscard]] Text printText(double value);
 
 /// The masks "0", "00", "000", "##00", "###000": `value` to a whole number, halves away from zero,
 /// with leading zeros up to `minimumDigits` digits (1 to 15) and more digits if it needs them.
-Text wholeMask(double value, std::size_t minimumDigits);
+[[nodiscard]] Text wholeMask(double value, std::size_t minimumDigits);
 
 /// `value` rounded to a whole number as the mask "0" does it: halves away from zero. The exact
 /// value decides, not its text: 13.499999999999998, which 0.00375 degrees give in seconds, is 13.
-double wholeMaskValue(double value);
+[[nodiscard]] double wholeMaskValue(double value);
 
 /// The mask ".#####": up to five decimals, halves away from zero, no digit forced in front of the
 /// point, and the point always: 0.5 is ".5", 50 is "50.", -0.5 is "-.5".
-Text fiveDecimalMask(double value);
+[[nodiscard]] Text fiveDecimalMask(double value);
 
 } // namespace orbisgrid

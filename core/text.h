@@ -18,29 +18,29 @@ inline constexpr TextView lineEnd = u"\r\n";
 
 /// The part of `text` between its leading and trailing blanks. A blank is the character with
 /// code 32 and nothing else: a tab or a no-break space stays.
-TextView trimmed(TextView text);
+[[nodiscard]] TextView trimmed(TextView text);
 
 /// `text` without its leading blanks (code 32).
-TextView withoutLeadingBlanks(TextView text);
+[[nodiscard]] TextView withoutLeadingBlanks(TextView text);
 
 /// `text` in upper case, code unit by code unit: the length never changes, so "ß" stays "ß".
 /// Covers Latin (ASCII, Latin-1, Extended-A), the Greek of today and Cyrillic to U+045F. No letter
 /// outside ASCII becomes one inside it (a dotless i or a long s stays): what is no locator
 /// character stays none.
-Text upperCase(TextView text);
+[[nodiscard]] Text upperCase(TextView text);
 
 /// The upper-case form of one code unit, as in `upperCase`.
-char16_t upperCase(char16_t character);
+[[nodiscard]] char16_t upperCase(char16_t character);
 
 /// `text` with every `from` replaced by `to`.
-Text replaced(TextView text, char16_t from, char16_t to);
+[[nodiscard]] Text replaced(TextView text, char16_t from, char16_t to);
 
 /// At most `count` code units of `text` from position `start` on. Positions count from 1; a part
 /// that runs past the end is shorter or empty, and so is one from a position below 1.
-TextView middle(TextView text, std::size_t start, std::size_t count);
+[[nodiscard]] TextView middle(TextView text, std::size_t start, std::size_t count);
 
 /// The last code unit as a text; empty for an empty text.
-TextView lastCharacter(TextView text);
+[[nodiscard]] TextView lastCharacter(TextView text);
 
 /// The character with a given code. Result: one code unit.
 /// Throws RuntimeError 5 for a code outside 0..255: the range of a character conversion here is
@@ -52,14 +52,14 @@ inline char16_t characterWithCode(double wholeCode) {
 }
 
 /// UTF-8 to UTF-16. Bytes that are no UTF-8 become U+FFFD, one for each byte.
-Text fromUtf8(std::string_view bytes);
+[[nodiscard]] Text fromUtf8(std::string_view bytes);
 
 /// UTF-16 to UTF-8. A surrogate without its partner becomes U+FFFD.
-std::string toUtf8(TextView text);
+[[nodiscard]] std::string toUtf8(TextView text);
 
 /// Bytes of a file that a person may have written with any editor: read as UTF-8 where they are
 /// UTF-8 from end to end, else as Windows-1252, the code page that older editors used. No byte is
 /// lost: the five that Windows-1252 leaves open become the control characters of the same code.
-Text fromFileBytes(std::string_view bytes);
+[[nodiscard]] Text fromFileBytes(std::string_view bytes);
 
 } // namespace orbisgrid

@@ -1,5 +1,5 @@
-#include "fuzz/actions.h"
 #include "fuzz/oracle.h"
+#include "tests/support/panel_actions.h"
 #include "tests/support/panel_invariants.h"
 
 namespace orbisgrid::fuzz {
@@ -22,11 +22,11 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     for (const Text& line : fuzz::linesOf(data, size)) {
         if (line.empty())
             continue;
-        const fuzz::Action action = fuzz::actionOf(line);
+        const test::PanelAction action = test::actionOf(line);
         test::RecordedMessages messages;
-        const bool isFinished = fuzz::act(form, action, messages);
+        const bool isFinished = test::act(form, action, messages);
         test::RecordedMessages others;
-        fuzz::act(second, action, others);
+        test::act(second, action, others);
         fuzz::require(messages.shown.size() <= 1, "one message at most");
         fuzz::require(test::boxesAreCut(form.converter), "boxes");
         fuzz::require(test::compressedStands(form.converter), "compressed code");

@@ -11,14 +11,10 @@ namespace orbisgrid::fuzz {
 namespace {
 
 /// The centre in whole 48ths (24ths) of a degree: no formula of the program's.
-struct Centre {
-    double longitude, latitude;
-};
-
-Centre centreByWholeNumbers(const Text& six) {
+Position centreByWholeNumbers(const Text& six) {
     const int x = (six[0] - 65) * 480 + (six[2] - 48) * 48 + (six[4] - 65) * 2 + 1;
     const int y = (six[1] - 65) * 480 + (six[3] - 48) * 48 + (six[5] - 65) * 2 + 1;
-    return {x / 24.0 - 180, y / 48.0 - 90};
+    return {y / 48.0 - 90, x / 24.0 - 180};
 }
 
 Text completed(const Text& text) {
@@ -46,9 +42,9 @@ bool isLocator(const Text& six) {
 void compareDecoding(const Text& text) {
     Text locator = text;
     bool isRaised = false;
-    LocatorPosition position;
+    LocatorPosition decoded;
     try {
-        position = Maiden2World(locator);
+        decoded = Maiden2World(locator);
     } catch (const RuntimeError& error) {
         isRaised = error.code() == RuntimeError::invalidProcedureCall;
     }
@@ -56,13 +52,14 @@ void compareDecoding(const Text& text) {
     require(locator == completed(text), "completion in place");
     if (isRaised)
         return;
-    const Centre centre = centreByWholeNumbers(locator);
+    const Position centre = centreByWholeNumbers(locator);
     const auto tolerance = [](double value) { return std::fabs(value) * 0x1p-23 + 1e-9; };
-    require(std::fabs(position.longitude - centre.longitude) <= tolerance(centre.longitude) &&
-                std::fabs(position.latitude - centre.latitude) <= tolerance(centre.latitude),
-            "position");
-    require(position.LonText.ends_with(centre.longitude < 0 ? u'W' : u'E') &&
-                position.LatText.ends_with(centre.latitude < 0 ? u'S' : u'N'),
+    require(
+        std::fabs(decoded.position.longitude - centre.longitude) <= tolerance(centre.longitude) &&
+            std::fabs(decoded.position.latitude - centre.latitude) <= tolerance(centre.latitude),
+        "position");
+    require(decoded.LonText.ends_with(centre.longitude < 0 ? u'W' : u'E') &&
+                decoded.LatText.ends_with(centre.latitude < 0 ? u'S' : u'N'),
             "letters");
 }
 
@@ -74,14 +71,12 @@ void compareCheck(const Text& text) {
     if (!home)
         return;
     require(upperCase(*home) == upperCase(asTyped), "checked locator");
-    const WestPositivePoint point = pointOf(*home);
-    const Centre centre = centreByWholeNumbers(upperCase(*home));
-    require(std::fabs(point.lonW + centre.longitude) < 0.00001 &&
-                std::fabs(point.lat - centre.latitude) < 0.00001,
+    const Position point = pointOf(*home);
+    const Position centre = centreByWholeNumbers(upperCase(*home));
+    require(std::fabs(point.longitude - centre.longitude) < 0.00001 &&
+                std::fabs(point.latitude - centre.latitude) < 0.00001,
             "point");
-    double longitude = -static_cast<double>(point.lonW);
-    double latitude = point.lat;
-    require(World2Grid(longitude, latitude) == upperCase(*home), "there and back");
+    require(locatorOf(point) == upperCase(*home), "there and back");
 }
 
 } // namespace

@@ -30,38 +30,41 @@ bool endsWith(const Text& field, char16_t letter) {
 
 /// With a prefix in front of it every text has its fields at the same places.
 void compareReading(const Text& text) {
-    const auto position = readUIViewText(text);
-    require(position.has_value() == (text.size() >= 10), "shortest text");
-    if (!position)
+    const auto read = readUIViewText(text);
+    require(read.has_value() == (text.size() >= 10), "shortest text");
+    if (!read)
         return;
     const bool hasPrefix = !(u'1' <= text[0] && text[0] <= u'9');
     const Text whole = hasPrefix ? text : u'=' + text;
     const bool isSouth = endsWith(part(whole, 7, 3), u'S');
     const bool isWest = endsWith(part(whole, 17, 3), u'W');
-    require(position->isSouth == isSouth && position->isWest == isWest, "letters");
+    require(read->isSouth == isSouth && read->isWest == isWest, "letters");
     const double latitude = degreesOf(whole, 2, 2);
     const double longitude = degreesOf(whole, 11, 3);
-    require(position->latitude == static_cast<float>(isSouth ? -latitude : latitude), "latitude");
-    require(position->longitude == static_cast<float>(isWest ? -longitude : longitude),
+    require(read->position.latitude == static_cast<float>(isSouth ? -latitude : latitude),
+            "latitude");
+    require(read->position.longitude == static_cast<float>(isWest ? -longitude : longitude),
             "longitude");
 }
 
 /// What was read, spread into whole fields, is written and read again as the same position.
 void writeAndRead(const Text& text) {
-    const auto position = readUIViewText(text);
-    if (!position || std::fabs(position->latitude) >= 99 || std::fabs(position->longitude) >= 999)
+    const auto read = readUIViewText(text);
+    if (!read || std::fabs(read->position.latitude) >= 99 ||
+        std::fabs(read->position.longitude) >= 999)
         return;
-    const auto lat = WorldDMS(plainText(position->latitude));
-    const auto lon = WorldDMS(plainText(position->longitude));
+    const Position position = read->position;
+    const auto lat = WorldDMS(plainText(static_cast<float>(position.latitude)));
+    const auto lon = WorldDMS(plainText(static_cast<float>(position.longitude)));
     const Text written =
         uiViewText(*lat, lat->isNegative ? u"S" : u"N", *lon, lon->isNegative ? u"W" : u"E");
     require(written.size() == 19, "its length");
     const auto again = readUIViewText(written);
     // Half a second, and what two singles and the seventh digit cost: more from 100 degrees on.
     const double second = 1 / 3600.0;
-    require(again && std::fabs(again->latitude - position->latitude) < 0.56 * second,
+    require(again && std::fabs(again->position.latitude - position.latitude) < 0.56 * second,
             "latitude there and back");
-    require(std::fabs(again->longitude - position->longitude) < 0.7 * second,
+    require(std::fabs(again->position.longitude - position.longitude) < 0.7 * second,
             "longitude there and back");
 }
 

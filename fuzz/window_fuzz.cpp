@@ -1,6 +1,6 @@
-#include "fuzz/actions.h"
 #include "fuzz/oracle.h"
 #include "platform/per_user_store.h"
+#include "tests/support/window_actions.h"
 #include "ui/desktop_tool_registry.h"
 #include "ui/locator_converter.h"
 #include "ui/qt_text.h"
@@ -10,7 +10,6 @@
 #include <QComboBox>
 #include <QFile>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -64,36 +63,9 @@ public:
         click("cmdClear_1");
     }
 
-    QStringList act(const Action& action) {
+    QStringList act(const test::PanelAction& action) {
         m_reader.texts.clear();
-        const auto& parts = action.parts;
-        switch (action.panel) {
-        case u'L':
-            enter("txtLocator", action.text, "cmdOKLocator");
-            break;
-        case u'D':
-            type("txtDecLat", parts[0]);
-            enter("txtDecLong", parts[1], "cmdOKDecimal");
-            break;
-        case u'M':
-            for (int i = 0; i < 3; ++i) {
-                type(QStringLiteral("txtlatdms_%1").arg(i), parts.at(static_cast<std::size_t>(i)));
-                type(QStringLiteral("txtlondms_%1").arg(i),
-                     parts.at(static_cast<std::size_t>(i) + 4));
-            }
-            chooseHemispheres(parts[3] == u"S" ? 1 : 0, parts[7] == u"W" ? 1 : 0);
-            click("cmdOkDMS");
-            break;
-        case u'U':
-            enter("txtUIView", action.text, "cmdOkUIView");
-            break;
-        case u'C':
-            type("txtHome", parts[0]);
-            enter("txtTarget", parts[1], "cmdCalculateDistDir");
-            break;
-        default:
-            click("cmdRefresh");
-        }
+        test::act(m_window, action);
         return m_reader.texts;
     }
 
@@ -117,23 +89,7 @@ private:
         return found;
     }
 
-    void type(const QString& name, const Text& text) {
-        child<QLineEdit>(name)->setText(toQString(text));
-    }
-
-    void type(const char* name, const Text& text) { type(QString::fromLatin1(name), text); }
-
     void click(const char* name) { child<QAbstractButton>(QString::fromLatin1(name))->click(); }
-
-    void enter(const char* box, const Text& text, const char* button) {
-        type(box, text);
-        click(button);
-    }
-
-    void chooseHemispheres(int latitude, int longitude) {
-        child<QComboBox>(QStringLiteral("cmbDmsNS"))->setCurrentIndex(latitude);
-        child<QComboBox>(QStringLiteral("cmbDmsWE"))->setCurrentIndex(longitude);
-    }
 
     PerUserStore m_store;
     DesktopToolRegistry m_registry;
@@ -200,10 +156,10 @@ void requireShown(const LocatorConverterForm& form, const Desktop& desktop) {
 /// A calculation writes every label, and the refresh of either side leaves some of them alone: so
 /// both begin with the same one, whatever the input before was.
 void beginAlike(LocatorConverterForm& form, Desktop& desktop) {
-    for (const TextView line : {u"CJO20AW;FN42AA", u"R"}) {
+    for (const test::PanelAction& action : test::actionsOf(u"C JO20AW;FN42AA | R")) {
         test::RecordedMessages messages;
-        act(form, actionOf(Text(line)), messages);
-        desktop.act(actionOf(Text(line)));
+        test::act(form, action, messages);
+        desktop.act(action);
     }
     form.homeTarget.clear(Side::Home);
     form.homeTarget.clear(Side::Target);
@@ -234,11 +190,11 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     for (const Text& line : fuzz::linesOf(data, size)) {
         if (line.empty() || !fuzz::isOneLine(line))
             continue;
-        fuzz::Action action = fuzz::actionOf(line);
-        if (action.panel == u'P')
-            action.panel = u'L'; // what is pasted by hand is typed into the box
+        if (line.front() == u'P')
+            continue; // pasting goes by the clipboard, which is the converter's own test
+        const test::PanelAction action = test::actionOf(line);
         test::RecordedMessages messages;
-        fuzz::act(form, action, messages);
+        test::act(form, action, messages);
         const QStringList texts = desktop.act(action);
         fuzz::require(texts.size() == static_cast<qsizetype>(messages.shown.size()), "boxes");
         for (qsizetype i = 0; i < texts.size(); ++i) {

@@ -1,6 +1,6 @@
 #include "geodesy/great_circle.h"
 
-#include "core/number_text.h"
+#include "core/locator_grid.h"
 #include "geodesy/locator_check.h"
 
 #include <algorithm>
@@ -12,7 +12,10 @@ namespace {
 
 constexpr float pi = 3.14159274f; // pi as a single
 constexpr auto rad = static_cast<float>(static_cast<double>(pi) / 180);
-constexpr double earthRadius = 6367; // km
+
+/// A statute mile has 1.609 km. With 1.601 the miles of a new report compare with those of the
+/// reports that people have kept.
+constexpr double kilometresPerMile = 1.601;
 
 /// Every step is stored as single; the digits shown depend on it.
 float single(double value) {
@@ -57,47 +60,63 @@ float azimuth(double t, double w) {
 
 } // namespace
 
-WestPositivePoint pointOf(TextView checkedLocator) {
-    const int a = checkedLocator[0] - 65, b = checkedLocator[2] - 48, c = checkedLocator[4] - 97;
-    const int a2 = checkedLocator[1] - 65, b2 = checkedLocator[3] - 48, c2 = checkedLocator[5] - 97;
-    return {single(180.0 - 20.0 * a - 2.0 * b - c / 12.0 - 1 / 24.0),
-            single(10.0 * a2 - 90 + b2 + c2 / 24.0 + 1 / 48.0)};
-}
-
-GreatCircle greatCircle(WestPositivePoint home, WestPositivePoint target) {
-    const Trigonometry H(home.lat), T(target.lat);
-    const double lonWh_r = single(static_cast<double>(home.lonW) * rad);
-    const double lonWt_r = single(static_cast<double>(target.lonW) * rad);
+GreatCircle greatCircle(Position from, Position to) {
+    const float latH = single(from.latitude), latT = single(to.latitude);
+    // Longitudes count towards the west in here.
+    const float lonWh = single(-from.longitude), lonWt = single(-to.longitude);
+    const Trigonometry H(latH), T(latT);
+    const double lonWh_r = single(static_cast<double>(lonWh) * rad);
+    const double lonWt_r = single(static_cast<double>(lonWt) * rad);
     const double sinH = H.sine, cosH = H.cosine, sinT = T.sine, cosT = T.cosine;
 
     float cosd =
         std::clamp(single(sinH * sinT + cosH * cosT * std::cos(lonWt_r - lonWh_r)), -1.0f, 1.0f);
-    if (home.lonW == target.lonW && home.lat == target.lat)
+    if (lonWh == lonWt && latH == latT)
         cosd = 1; // identical locators are 0 km apart, whatever the sum rounds to
     const float s = single(std::sqrt(1 - static_cast<double>(cosd) * cosd));
-    const float dist = single(earthRadius * centralAngle(s, cosd));
+    const float kilometres = single(earthRadius * centralAngle(s, cosd));
     if (s == 0)
-        return {dist, 0}; // same point or antipodes: no direction, 0 is shown
+        return {kilometres, 0}; // same point or antipodes: no direction, 0 is shown
 
     const float t = std::clamp(single((sinT - sinH * cosd) / (s * cosH)), -1.0f, 1.0f);
     const float w = single(std::sin(lonWh_r - lonWt_r));
-    return {dist, azimuth(t, w)};
+    return {kilometres, azimuth(t, w)};
 }
 
-void CalcDistAzimuth(TextView HomeLoc, TextView TargetLoc, DistAzimuthTexts& texts) {
-    const auto home = checkedHome(HomeLoc);
-    const auto target = home ? checkedTarget(TargetLoc) : std::nullopt;
-    if (!target) {
-        texts.DistText = u"-1";
-        return;
-    }
-    const WestPositivePoint targetPoint = pointOf(*target);
-    const GreatCircle circle = greatCircle(pointOf(*home), targetPoint);
-    const double tenths = std::floor(static_cast<double>(circle.dist) * 10 + 0.5);
-    texts.DistText = printText(std::floor(tenths / 10));
-    texts.LonText = printText(targetPoint.lonW);
-    texts.LatText = printText(targetPoint.lat);
-    texts.AzimuthText = printText(std::floor(circle.az));
+Position pointOf(TextView checkedLocator) {
+    const int a = checkedLocator[0] - 65, b = checkedLocator[2] - 48, c = checkedLocator[4] - 97;
+    const int a2 = checkedLocator[1] - 65, b2 = checkedLocator[3] - 48, c2 = checkedLocator[5] - 97;
+    constexpr double halfColumn = 0.5 / subsquaresPerDegreeLongitude;
+    constexpr double halfRow = 0.5 / subsquaresPerDegreeLatitude;
+    // Towards the west and in this order: the last digit of the Target's position comes from it.
+    const float lonW = single(180.0 - fieldLongitude * a - squareLongitude * b -
+                              c / subsquaresPerDegreeLongitude - halfColumn);
+    const float lat = single(fieldLatitude * a2 - 90 + squareLatitude * b2 +
+                             c2 / subsquaresPerDegreeLatitude + halfRow);
+    return {lat, -lonW};
+}
+
+std::optional<LocatorPath> pathBetween(TextView homeLocator, TextView targetLocator) {
+    const auto home = checkedHome(homeLocator);
+    const auto target = home ? checkedTarget(targetLocator) : std::nullopt;
+    if (!target)
+        return std::nullopt;
+    const Position from = pointOf(*home);
+    const Position to = pointOf(*target);
+    return LocatorPath{from, to, greatCircle(from, to)};
+}
+
+double shownKilometres(double kilometres) {
+    const double tenths = std::floor(kilometres * 10 + 0.5);
+    return std::floor(tenths / 10);
+}
+
+double shownMiles(double shownKilometres) {
+    return std::floor(shownKilometres / kilometresPerMile);
+}
+
+double shownAzimuth(double azimuth) {
+    return std::floor(azimuth);
 }
 
 } // namespace orbisgrid

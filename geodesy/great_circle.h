@@ -1,48 +1,54 @@
 #pragma once
 
+#include "core/position.h"
 #include "core/text.h"
+
+#include <optional>
 
 namespace orbisgrid {
 
-/// A point as the distance calculation counts it: longitude positive towards the WEST, unlike the
-/// rest of the program. Degrees, single precision.
-struct WestPositivePoint {
-    float lonW{};
-    float lat{};
-};
-
-/// Distance and azimuth between two points.
+/// The way from one place to another along a great circle.
 struct GreatCircle {
-    float dist{}; ///< kilometres on a sphere of 6367 km
-    float az{};   ///< degrees from north over east, 0 up to 360, at the first point
+    float kilometres{}; ///< on a sphere of 6367 km
+    float azimuth{};    ///< at the first place: degrees from north over east, 0 up to 360
 };
 
-/// What CalcDistAzimuth leaves, in the signed print form (a blank or "-" in front).
-struct DistAzimuthTexts {
-    Text DistText;    ///< whole kilometres, or "-1" where a locator failed its check
-    Text LonText;     ///< the Target's longitude, positive towards the WEST: "-4.041667"
-    Text LatText;     ///< the Target's latitude: " 50.9375"
-    Text AzimuthText; ///< whole degrees, cut and not rounded: " 291"
+/// What there is between two locators.
+struct LocatorPath {
+    Position home;   ///< the centre of its subsquare, stored as singles
+    Position target; ///< likewise
+    GreatCircle circle;
 };
 
-/// The centre of a checked 6-character locator (field in upper case, subsquare in lower case).
-WestPositivePoint pointOf(TextView checkedLocator);
+/// Kilometres, the sphere of all distances: it lies halfway between the radius at the equator
+/// (6378.1) and at the poles (6356.8).
+inline constexpr double earthRadius = 6367;
 
 /// Great circle by the spherical law of cosines in single precision: each named step is evaluated
-/// in double and stored as single. That costs up to 2.6 km below 20 km and decides the last digit
-/// that is shown, so it stays.
+/// in double and stored as single, the arguments as well. That costs up to 2.6 km below 20 km and
+/// decides the last digit that is shown.
 ///
-/// Special cases: points exactly a quarter of a circle apart (cosd is 0) give 0 km, because the
-/// division that finds the angle fails and leaves it at 0; the same point and antipodes give
-/// azimuth 0. Never NaN.
-GreatCircle greatCircle(WestPositivePoint home, WestPositivePoint target);
+/// Special cases: points exactly a quarter of a circle apart give 0 km, because the division that
+/// finds the angle fails and leaves it at 0; the same point and antipodes give azimuth 0. Never NaN
+/// within the world.
+[[nodiscard]] GreatCircle greatCircle(Position from, Position to);
 
-/// Distance and azimuth from `HomeLoc` to `TargetLoc`, each completed and checked first (Home
-/// before Target; see geodesy/locator_check.h).
-///
-/// The distance is rounded to tenths and then cut, so it shows the next kilometre from a fraction
-/// of 0.95 on: 123.94 is 123, 123.95 is 124. On a locator that fails its check `texts.DistText`
-/// becomes "-1" and the other texts are left as they were.
-void CalcDistAzimuth(TextView HomeLoc, TextView TargetLoc, DistAzimuthTexts& texts);
+/// The centre of a checked 6-character locator (field in upper case, subsquare in lower case),
+/// stored as singles.
+[[nodiscard]] Position pointOf(TextView checkedLocator);
+
+/// Distance and azimuth from a Home to a Target locator, each completed and checked first, Home
+/// before Target (see geodesy/locator_check.h). Result: nothing where one of them fails its check.
+[[nodiscard]] std::optional<LocatorPath> pathBetween(TextView homeLocator, TextView targetLocator);
+
+/// Kilometres as they are shown: rounded to tenths and then cut, so that the next one shows from a
+/// fraction of 0.95 on. 123.94 is 123, 123.95 is 124.
+[[nodiscard]] double shownKilometres(double kilometres);
+
+/// Miles as they are shown: cut. `shownKilometres` are whole; there are 1.601 to a mile.
+[[nodiscard]] double shownMiles(double shownKilometres);
+
+/// An azimuth as it is shown: whole degrees, cut. 291.9 is 291.
+[[nodiscard]] double shownAzimuth(double azimuth);
 
 } // namespace orbisgrid

@@ -1,5 +1,7 @@
 #include "geodesy/locator_check.h"
 
+#include "core/locator_grid.h"
+
 #include <array>
 
 namespace orbisgrid {
@@ -54,11 +56,8 @@ bool hasAcceptedLength(TextView locator) {
 }
 
 Text completedLocator(TextView locator) {
-    if (locator.size() == 4)
-        return upperCase(locator) + u"LL";
-    if (locator.size() == 5)
-        return upperCase(locator) + u"L";
-    return Text(locator);
+    const bool isShort = hasAcceptedLength(locator) && locator.size() < fullLength;
+    return isShort ? completedTo(fullLength, upperCase(locator)) : Text(locator);
 }
 
 std::optional<Text> checkedHome(TextView locator) {

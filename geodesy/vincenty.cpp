@@ -24,10 +24,10 @@ struct ReducedLatitude {
     double sine, cosine;
 };
 
-/// Both of them step by step, as the processor computes side by side what stands side by side.
-std::pair<ReducedLatitude, ReducedLatitude> reduced(double lat1, double lat2) {
-    const double tangent1 = std::tan(Deg2Rad(lat1));
-    const double tangent2 = std::tan(Deg2Rad(lat2));
+/// Of both places side by side: the tangent of one latitude need not wait for the other.
+std::pair<ReducedLatitude, ReducedLatitude> reduced(Position from, Position to) {
+    const double tangent1 = std::tan(Deg2Rad(from.latitude));
+    const double tangent2 = std::tan(Deg2Rad(to.latitude));
     const double U1 = std::atan((1 - f) * tangent1);
     const double U2 = std::atan((1 - f) * tangent2);
     return {{std::sin(U1), std::cos(U1)}, {std::sin(U2), std::cos(U2)}};
@@ -83,9 +83,9 @@ double roundedToMillimetres(double metres) {
 
 } // namespace
 
-VincentyDistance distVincenty(double lat1, double lon1, double lat2, double lon2) {
-    const double L = Deg2Rad(lon2 - lon1);
-    const auto [U1, U2] = reduced(lat1, lat2);
+VincentyDistance distVincenty(Position from, Position to) {
+    const double L = Deg2Rad(to.longitude - from.longitude);
+    const auto [U1, U2] = reduced(from, to);
     double lambda = L;
     double lambdaP = twoPi15;
     int counter = passes;

@@ -28,16 +28,17 @@ struct JobResult {
 };
 
 /// The arguments behind the program's name as one text, joined by blanks.
-Text joinedArguments(const std::vector<std::string_view>& arguments);
+[[nodiscard]] Text joinedArguments(const std::vector<std::string_view>& arguments);
 
 /// Which job `arguments` ask for. They are upper-cased; 3 characters or fewer, or a longer text
 /// that neither starts with "-C" nor holds a blank, ask for none. The first blank separates Home
 /// and Target.
-CommandLine readCommandLine(TextView arguments);
+[[nodiscard]] CommandLine readCommandLine(TextView arguments);
 
 /// Runs a job on the panels, as the buttons would: convert presses the locator panel's OK and its
 /// copy button and prints what copy-all would give; distance presses Calculate and copies and
 /// prints its report. Nothing for Job::none.
-JobResult runJob(const CommandLine& commandLine, LocatorConverterForm& form, Messages& messages);
+[[nodiscard]] JobResult runJob(const CommandLine& commandLine, LocatorConverterForm& form,
+                               Messages& messages);
 
 } // namespace orbisgrid

@@ -85,9 +85,13 @@ TextView Converter::lblDecEW() const {
     return leadingNumber(txtDecLong.text()) >= 0 ? u"E" : u"W";
 }
 
+Position Converter::decimalPosition() const {
+    return {leadingNumber(txtDecLat.text()), leadingNumber(txtDecLong.text())};
+}
+
 // OK buttons ------------------------------------------------------------------------------------
 
-bool Converter::cmdOKLocator_Click(DistAzimuthTexts& form, Messages& messages) {
+bool Converter::cmdOKLocator_Click(FormTexts& texts, Messages& messages) {
     constexpr std::size_t shortest = 4;
     if (trimmed(txtLocator.text()).size() < shortest) {
         messages.show({u"A Maidenhead locator needs at least 4 characters. Examples: JO20, FN10, "
@@ -95,7 +99,7 @@ bool Converter::cmdOKLocator_Click(DistAzimuthTexts& form, Messages& messages) {
                        u"Input error", MessageIcon::exclamation});
         return false;
     }
-    MaidenConvert(form, messages);
+    MaidenConvert(texts, messages);
     WorldDMS();
     UIView(messages);
     return true;
@@ -139,8 +143,8 @@ void Converter::cmdOkUIView_Click(Messages& messages) {
         return;
     cmbDmsNS.ListIndex = position->isSouth ? 1 : 0;
     cmbDmsWE.ListIndex = position->isWest ? 1 : 0;
-    txtDecLong.set(plainText(position->longitude));
-    txtDecLat.set(plainText(position->latitude));
+    txtDecLong.set(plainText(static_cast<float>(position->position.longitude)));
+    txtDecLat.set(plainText(static_cast<float>(position->position.latitude)));
     DecimalCoordinates(messages);
     WorldDMS();
 }
@@ -155,35 +159,35 @@ void Converter::Command2_Click(Messages& messages) {
 
 // Procedures ------------------------------------------------------------------------------------
 
-void Converter::MaidenConvert(DistAzimuthTexts& form, Messages& messages) {
+void Converter::MaidenConvert(FormTexts& texts, Messages& messages) {
     txtLocator.set(upperCase(trimmed(txtLocator.text())));
     Text padded = txtLocator.text(); // the padding does not reach the box
     if (auto position = LongMaiden2Coordinates(padded)) {
-        form.LonText = std::move(position->LonText);
-        form.LatText = std::move(position->LatText);
+        texts.LonText = std::move(position->LonText);
+        texts.LatText = std::move(position->LatText);
     } else {
         messages.show(
             {u"Locator has an invalid format.", u"Invalid Locator", MessageIcon::information});
     }
     // The texts end in a digit after a good decode, so the boxes lose one; after a bad one they may
-    // still end in the letter that an earlier decode left. Both are how the boxes have always been.
-    takeWithoutLastCharacter(txtDecLong, form.LonText);
-    cmbDmsWE.ListIndex = lastCharacter(form.LonText) == u"E" ? 0 : 1;
-    takeWithoutLastCharacter(txtDecLat, form.LatText);
-    cmbDmsNS.ListIndex = lastCharacter(form.LatText) == u"S" ? 1 : 0;
+    // still end in the letter that an earlier decode left. All other panels are computed from these
+    // shortened figures, so the boxes show what was used.
+    takeWithoutLastCharacter(txtDecLong, texts.LonText);
+    cmbDmsWE.ListIndex = lastCharacter(texts.LonText) == u"E" ? 0 : 1;
+    takeWithoutLastCharacter(txtDecLat, texts.LatText);
+    cmbDmsNS.ListIndex = lastCharacter(texts.LatText) == u"S" ? 1 : 0;
     skipOnError([&] {
         Text locator = txtLocator.text();
         LocatorPosition centre = Maiden2World(locator);
-        form.LonText = std::move(centre.LonText);
-        form.LatText = std::move(centre.LatText);
+        texts.LonText = std::move(centre.LonText);
+        texts.LatText = std::move(centre.LatText);
     });
 }
 
 void Converter::DecimalCoordinates(Messages& messages) {
     const DecimalCoordinatesResult result =
-        orbisgrid::DecimalCoordinates(txtDecLong.text(), txtDecLat.text());
+        orbisgrid::DecimalCoordinates(txtDecLat.text(), txtDecLong.text());
     if (result.outcome == DecimalCoordinatesOutcome::unreadable) {
-        // Misspelt as it has always been shown.
         messages.show({u"Could not calucate/convert locator. Please check the input fields for "
                        u"correct values.",
                        {},
@@ -207,15 +211,13 @@ void Converter::DoAPRSCompressed(Messages& messages) {
     constexpr std::size_t shortest = 6;
     if (txtUIView.text().size() < shortest)
         return;
-    double longitude = leadingNumber(txtDecLong.text());
-    double latitude = leadingNumber(txtDecLat.text());
-    if (longitude == 0 && latitude == 0) {
+    Position position = decimalPosition();
+    if (position == Position{}) {
         cmdOkUIView_Click(messages);
-        longitude = leadingNumber(txtDecLong.text());
-        latitude = leadingNumber(txtDecLat.text());
+        position = decimalPosition();
     }
     // A position too far outside the world has no code: the label keeps the last one.
-    skipOnError([&] { lblCompressed = compressedText(longitude, latitude); });
+    skipOnError([&] { lblCompressed = compressedText(position); });
 }
 
 // Menu and clear-all ----------------------------------------------------------------------------

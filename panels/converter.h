@@ -1,7 +1,8 @@
 #pragma once
 
 #include "core/conversion.h"
-#include "geodesy/great_circle.h"
+#include "core/position.h"
+#include "geodesy/calc_dist_azimuth.h"
 #include "panels/message.h"
 #include "panels/text_box.h"
 
@@ -20,8 +21,8 @@ struct HemisphereList {
 /// The converter as a value: the boxes of five notations, and what their OK and copy buttons do.
 ///
 /// Each OK procedure writes the boxes in its own fixed order, and later steps read back what a box
-/// has cut. `form` are the form's texts: an invalid locator leaves the ones that an earlier decode
-/// left there, and they are shown (deliberate).
+/// has cut. `texts` are the form's: after an invalid locator the boxes show those that an earlier
+/// decode left there.
 struct Converter {
     TextBox txtLocator{10};
     TextBox txtDecLat{11};
@@ -41,9 +42,12 @@ struct Converter {
     TextView lblDecNS() const;
     TextView lblDecEW() const;
 
+    /// What the decimal boxes read.
+    Position decimalPosition() const;
+
     /// OK of the locator panel. Result: false where fewer than 4 characters were refused and the
     /// focus belongs back into the box.
-    bool cmdOKLocator_Click(DistAzimuthTexts& form, Messages& messages);
+    bool cmdOKLocator_Click(FormTexts& texts, Messages& messages);
 
     /// OK of the decimal panel.
     void cmdOKDecimal_Click(Messages& messages);
@@ -57,10 +61,10 @@ struct Converter {
 
     // The steps of the OK buttons, each from one panel to the next.
 
-    /// Locator box to decimal boxes and hemisphere lists. `form` gets the centre of the subsquare.
+    /// Locator box to decimal boxes and hemisphere lists. `texts` gets the centre of the subsquare.
     /// The lists follow a letter at the end of the texts, which only an earlier decode leaves;
     /// without one they are north and west until WorldDMS sets them. Says where a locator is none.
-    void MaidenConvert(DistAzimuthTexts& form, Messages& messages);
+    void MaidenConvert(FormTexts& texts, Messages& messages);
 
     /// Decimal boxes to locator box. It stays as it is where they cannot be read, which is said,
     /// and where the position is too far outside the world, which is not.
@@ -100,7 +104,7 @@ struct Converter {
 
 /// What a box of one line takes from a clipboard: the text without blanks (code 32) and line ends
 /// around it, and of several lines the first.
-TextView pastedLine(TextView clipboardText);
+[[nodiscard]] TextView pastedLine(TextView clipboardText);
 
 /// Latitude and longitude as the web map is asked for them: the decimal boxes as they stand, but a
 /// text whose magnitude lies between 0 and 1 is written out (".5" becomes "0.5").
@@ -109,6 +113,6 @@ struct MapQuery {
     Text longitude;
 };
 
-MapQuery mapQuery(const Converter& converter);
+[[nodiscard]] MapQuery mapQuery(const Converter& converter);
 
 } // namespace orbisgrid

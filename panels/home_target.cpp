@@ -2,9 +2,9 @@
 
 #include "core/maidenhead.h"
 #include "core/number_text.h"
+#include "geodesy/great_circle.h"
 #include "geodesy/locator_check.h"
 
-#include <cmath>
 #include <string>
 
 namespace orbisgrid {
@@ -12,10 +12,6 @@ namespace orbisgrid {
 namespace {
 
 constexpr char16_t degreeSign = u'°';
-
-/// Kilometres a mile as this program counts them. Deliberately not 1.609: reports stay comparable
-/// with those copied before.
-constexpr double kilometresPerMile = 1.601;
 
 TextView nameOf(Side side) {
     return side == Side::Home ? u"Home" : u"Target";
@@ -56,29 +52,28 @@ Text labelOfTargetLatitude(TextView latitude) {
     return label += degreeSign;
 }
 
-void showResults(HomeTarget& panel, DistAzimuthTexts& form) {
-    panel.lblTargetLong = labelOfTargetLongitude(form.LonText);
-    panel.lblTargetLat = labelOfTargetLatitude(form.LatText);
-    panel.lblDistKm = Text(trimmed(form.DistText)) + u" Km";
-    const double miles = std::floor(leadingNumber(form.DistText) / kilometresPerMile);
-    panel.lblDistMile = plainText(miles) + u" Miles";
+void showResults(HomeTarget& panel, FormTexts& texts) {
+    panel.lblTargetLong = labelOfTargetLongitude(texts.LonText);
+    panel.lblTargetLat = labelOfTargetLatitude(texts.LatText);
+    panel.lblDistKm = Text(trimmed(texts.DistText)) + u" Km";
+    panel.lblDistMile = plainText(shownMiles(leadingNumber(texts.DistText))) + u" Miles";
     if (panel.txtHome.text() == panel.txtTarget.text())
-        form.AzimuthText = u"none";
-    panel.lblAzimuth = Text(trimmed(form.AzimuthText)) + u" degrees";
+        texts.AzimuthText = u"none";
+    panel.lblAzimuth = Text(trimmed(texts.AzimuthText)) + u" degrees";
 }
 
-void showHomePosition(HomeTarget& panel, DistAzimuthTexts& form) {
+void showHomePosition(HomeTarget& panel, FormTexts& texts) {
     Text home = panel.txtHome.text();
     const LocatorPosition position = Maiden2World(home);
-    form.LonText = position.LonText;
-    form.LatText = position.LatText;
-    panel.lblHomeLong = form.LonText + degreeSign;
-    panel.lblHomeLat = form.LatText + degreeSign;
+    texts.LonText = position.LonText;
+    texts.LatText = position.LatText;
+    panel.lblHomeLong = texts.LonText + degreeSign;
+    panel.lblHomeLat = texts.LatText + degreeSign;
 }
 
 } // namespace
 
-CalculateEnd HomeTarget::calculate(DistAzimuthTexts& form, Messages& messages) {
+CalculateEnd HomeTarget::calculate(FormTexts& texts, Messages& messages) {
     txtHome.set(Text(trimmed(txtHome.text())));
     txtTarget.set(Text(trimmed(txtTarget.text())));
     for (const Side side : bothSides) {
@@ -90,16 +85,16 @@ CalculateEnd HomeTarget::calculate(DistAzimuthTexts& form, Messages& messages) {
     txtTarget.set(completedLocator(txtTarget.text()));
     txtHome.set(completedLocator(txtHome.text()));
 
-    CalcDistAzimuth(txtHome.text(), txtTarget.text(), form);
-    if (form.DistText == u"-1") {
+    CalcDistAzimuth(txtHome.text(), txtTarget.text(), texts);
+    if (texts.DistText == u"-1") {
         messages.show(formatRefusal());
         return CalculateEnd::refused;
     }
     // No "Please enter a home locator!" here: the length check has let none pass that is too short.
     cmbHome.remember(txtHome.text());
     cmbTarget.remember(txtTarget.text());
-    showResults(*this, form);
-    showHomePosition(*this, form);
+    showResults(*this, texts);
+    showHomePosition(*this, texts);
     return CalculateEnd::calculated;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "geodesy/great_circle.h"
+#include "geodesy/calc_dist_azimuth.h"
 #include "panels/locator_list.h"
 #include "panels/message.h"
 #include "panels/text_box.h"
@@ -25,8 +25,8 @@ enum class CalculateEnd {
 
 /// The upper panel as a value: two locators, their lists and defaults, and the result labels.
 ///
-/// `DistAzimuthTexts` is handed in where it is needed: those texts are the form's, and the
-/// converter reads what this panel left there.
+/// `FormTexts` are handed in where they are needed: they belong to the form, and the converter
+/// reads what this panel left there.
 struct HomeTarget {
     static constexpr std::size_t locatorLength = 6;
 
@@ -50,7 +50,7 @@ struct HomeTarget {
     /// Steps 1 to 8 of Calculate: trims and completes both boxes, checks them, fills the labels and
     /// remembers both locators in their lists. A refusal shows its message and changes neither
     /// labels nor lists.
-    CalculateEnd calculate(DistAzimuthTexts& form, Messages& messages);
+    CalculateEnd calculate(FormTexts& texts, Messages& messages);
 
     /// An item of a list was chosen: it goes into the box. Nothing happens for an index without an
     /// item.
@@ -67,7 +67,7 @@ struct HomeTarget {
     void makeDefault(Side side);
 
     /// The result labels and both boxes as they are after the clear-all button. The Home position
-    /// and the lists keep their contents: that is deliberate.
+    /// and the lists keep their contents.
     void refresh();
 
     /// The report of nine lines for the clipboard; CR LF between, none after the last.
@@ -75,6 +75,6 @@ struct HomeTarget {
 };
 
 /// The question before a list is emptied (Yes and No, Yes the default).
-Message clearQuestion(Side side);
+[[nodiscard]] Message clearQuestion(Side side);
 
 } // namespace orbisgrid

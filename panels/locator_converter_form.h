@@ -11,7 +11,7 @@ struct LocatorConverterForm {
     Converter converter;
 
     /// What the last distance or decode left. Both panels write and read these.
-    DistAzimuthTexts texts;
+    FormTexts texts;
 
     /// Calculate, whole: the upper panel, then the Target into the converter's locator box and its
     /// OK.

@@ -22,7 +22,7 @@ struct LocatorList {
 
     /// Appends the upper-case form of `locator` unless an item equals `locator` as it stands. A
     /// lower-case locator whose upper-case form is listed is therefore listed twice: the search is
-    /// case-sensitive, deliberately.
+    /// case-sensitive.
     void remember(TextView locator);
 
     /// Selects an item; false if there is none at that index.

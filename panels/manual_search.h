@@ -12,7 +12,7 @@ namespace orbisgrid {
 /// The file is read line by line (a line ends at CR LF, LF or CR) and every line gets CR LF, so the
 /// text ends with CR LF even where the file's last line has no end. No bytes give an empty text.
 /// Bytes are read as `fromFileBytes` reads them; a byte order mark in front is left out.
-Text manualText(std::string_view fileBytes);
+[[nodiscard]] Text manualText(std::string_view fileBytes);
 
 /// What one find led to.
 struct ManualFind {

@@ -2,8 +2,9 @@
 # Runs every fuzz target, as many at a time as there are processors.
 #   scripts/fuzz.sh [executions] [target ...]     10,000,000 executions each, every target
 # The window takes a thousandth of the executions: it is a thousand times slower.
-# New inputs stay in build-fuzz/found/<target>, a crash in build-fuzz/crash-<target>-*: copy it with
-# a name that says what it shows into fuzz/corpus/<target>, where ./test replays it.
+# They start from the inputs that the build makes of the tests' rows. New ones stay in
+# build-fuzz/found/<target>, a crash in build-fuzz/crash-<target>-*: copy it with a name that says
+# what it shows into fuzz/corpus/<target>, where ./test replays it.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 
@@ -15,11 +16,13 @@ run_target() { # <executions> <target>
     manual_search) longest=256 ;;
     window) longest=128 runs=$((runs / 1000)) ;;
   esac
+  local kept=()
+  [ ! -d "fuzz/corpus/$target" ] || kept=("fuzz/corpus/$target")
   mkdir -p "build-fuzz/found/$target"
   log=build-fuzz/$target.log
   if "build-fuzz/fuzz/${target}_fuzz" -runs="$runs" -max_len=$longest -timeout=30 \
     -artifact_prefix="build-fuzz/crash-$target-" \
-    "build-fuzz/found/$target" "fuzz/corpus/$target" >"$log" 2>&1; then
+    "build-fuzz/found/$target" "build-fuzz/fuzz-corpus/$target" "${kept[@]}" >"$log" 2>&1; then
     echo "$target: $(grep -oE 'Seed: [0-9]+' "$log"), $(grep -oE 'Done [0-9]+ runs in [0-9]+ second' "$log")s"
   else
     echo "$target: FAILED"
@@ -43,5 +46,5 @@ targets=("$@")
 # Those that take longest begin, so that the processors end together.
 slowest='converter|locator_list_ini|manual_search'
 [ ${#targets[@]} -gt 0 ] ||
-  mapfile -t targets < <(ls fuzz/corpus | grep -Ex "$slowest"; ls fuzz/corpus | grep -Evx "$slowest")
+  mapfile -t targets < <(ls build-fuzz/fuzz-corpus | grep -Ex "$slowest"; ls build-fuzz/fuzz-corpus | grep -Evx "$slowest")
 printf '%s\n' "${targets[@]}" | xargs -P "$(nproc)" -n 1 "$0" --one "$runs"

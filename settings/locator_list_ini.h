@@ -57,17 +57,18 @@ inline constexpr TextView listTerminator = u"[**end**]";
 ///
 /// Never fails: what a short file does not reach keeps its initial value. Texts are UTF-8, or
 /// Windows-1252 in a line that is no UTF-8.
-LocatorListIni readLocatorListIni(std::string_view bytes);
+[[nodiscard]] LocatorListIni readLocatorListIni(std::string_view bytes);
 
 /// The whole file, every line ended by CR LF, texts in UTF-8, TitleNote as its bytes stand. A
-/// TitleNote shorter than 3 characters becomes ";", in `ini` too. Blank entries are not written but
+/// TitleNote shorter than 3 characters is written as ";". Blank entries are not written but
 /// count among the 30. Numbers are in print form with a blank behind (" 1 ", "-1 ").
-std::string writeLocatorListIni(LocatorListIni& ini, const IniWindowState& window);
+[[nodiscard]] std::string writeLocatorListIni(const LocatorListIni& ini,
+                                              const IniWindowState& window);
 
 /// What the window's caption gets from line 2: its characters from the second one on, at most 80;
 /// nothing when line 2 has no more than 2 characters. Characters are whole ones: a pair of
 /// surrogates is never cut.
-std::optional<Text> captionNote(const std::string& TitleNote);
+[[nodiscard]] std::optional<Text> captionNote(const std::string& TitleNote);
 
 /// Where the window is to be moved at start-up, in twips. A coordinate is empty when it stays:
 /// without RememberPosition both, else those that were saved as 0 or less.
@@ -76,9 +77,9 @@ struct RestoredPosition {
     std::optional<std::int32_t> top;
 };
 
-RestoredPosition restoredPosition(const LocatorListIni& ini);
+[[nodiscard]] RestoredPosition restoredPosition(const LocatorListIni& ini);
 
 /// Whether the stay-on-top box is to be set at start-up: for exactly 1, not for -1 or 2.
-bool opensOnTop(const LocatorListIni& ini);
+[[nodiscard]] bool opensOnTop(const LocatorListIni& ini);
 
 } // namespace orbisgrid

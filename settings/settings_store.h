@@ -24,11 +24,11 @@ public:
 
     /// The text under `key`; `defaultValue` where the key, the section or the whole store does not
     /// exist yet. Nothing when there is a store but it cannot be read.
-    virtual std::optional<Text> read(TextView key, TextView defaultValue) const = 0;
+    [[nodiscard]] virtual std::optional<Text> read(TextView key, TextView defaultValue) const = 0;
 
     /// Writes the settings in their order, all or none; keys that are not named stay as they are.
     /// Result: false when the store cannot be written; it then holds what it held before.
-    virtual bool write(const std::vector<Setting>& settings) = 0;
+    [[nodiscard]] virtual bool write(const std::vector<Setting>& settings) = 0;
 
 protected:
     SettingsStore() = default;
@@ -39,8 +39,8 @@ protected:
 };
 
 /// Records where and in which version the program runs: "Path", "Version" (trimmed) and "EXE", in
-/// this order. EXE is deliberately the fixed text "Orbisgrid.exe", however the executable is
+/// this order. EXE is the fixed text "Orbisgrid.exe", however the executable is
 /// called. Result: false when the store cannot be written, which ends the start of the program.
-bool RegistryStuff(SettingsStore& store, TextView programFolder, TextView version);
+[[nodiscard]] bool RegistryStuff(SettingsStore& store, TextView programFolder, TextView version);
 
 } // namespace orbisgrid

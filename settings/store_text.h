@@ -17,11 +17,12 @@ namespace orbisgrid {
 
 /// The value of `key` in the program's section, escapes and quotes resolved; the last one where it
 /// stands more than once. Nothing when the section or the key is not there.
-std::optional<Text> storedValue(std::string_view content, TextView key);
+[[nodiscard]] std::optional<Text> storedValue(std::string_view content, TextView key);
 
 /// `content` with these settings in the program's section. Lines of other keys and sections stay
 /// byte for byte; a key that is there keeps its place, a new one comes to the end of the section, a
 /// missing section to the end of the file. Keys are plain words.
-std::string withStoredValues(std::string_view content, const std::vector<Setting>& settings);
+[[nodiscard]] std::string withStoredValues(std::string_view content,
+                                           const std::vector<Setting>& settings);
 
 } // namespace orbisgrid

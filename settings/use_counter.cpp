@@ -22,6 +22,12 @@ std::optional<Text> nextUseCounter(std::int32_t counter) {
     return plainText(static_cast<double>(counter + 1));
 }
 
+bool opensHomePage(std::int32_t counter) {
+    constexpr std::int32_t every = 30;
+    constexpr std::int32_t remainder = 20;
+    return counter % every == remainder;
+}
+
 std::int32_t readUseCounter(const SettingsStore& store) {
     const std::optional<Text> stored = store.read(useCounterKey, u"1");
     return stored ? useCounterFrom(*stored) : 0;
@@ -29,7 +35,7 @@ std::int32_t readUseCounter(const SettingsStore& store) {
 
 void advanceUseCounter(SettingsStore& store, std::int32_t counter) {
     if (const std::optional<Text> next = nextUseCounter(counter))
-        store.write({{Text(useCounterKey), *next}});
+        (void)store.write({{Text(useCounterKey), *next}}); // the count then stays as it is
 }
 
 } // namespace orbisgrid

@@ -159,7 +159,8 @@ void frmAbout::fixSize() {
     // at most, which cuts lines at large fonts.
     ensurePolished();
     const QSize room = screen()->availableSize() * 0.9;
-    const int width = std::min(fontMetrics().averageCharWidth() * 84, room.width());
+    constexpr int charactersAcross = 84; // few lines to each paragraph, and none too long to read
+    const int width = std::min(fontMetrics().averageCharWidth() * charactersAcross, room.width());
     const auto textHeight = [this](int across) {
         return m_content->layout()->totalHeightForWidth(across);
     };

@@ -1,7 +1,6 @@
 #include "ui/converter_panels.h"
 
 #include "ui/locator_box.h"
-#include "ui/options_menu.h"
 #include "ui/panel_parts.h"
 #include "ui/qt_text.h"
 
@@ -16,7 +15,6 @@
 #include <QToolButton>
 
 #include <algorithm>
-#include <vector>
 
 namespace orbisgrid {
 
@@ -341,8 +339,7 @@ void ConverterPanels::txtLocator_MouseDown(const QPoint& globalPosition) {
     m_txtLocator->setUpdatesEnabled(false);
     m_txtLocator->setEnabled(false);
     showOptionsMenu(
-        *window(), globalPosition, [this] { mnuPasted_Click(); },
-        [this](int index) { mnuPaste_Click(index); });
+        *window(), globalPosition, [this] { mnuPasted_Click(); }, mnuPaste());
     m_txtLocator->setEnabled(true);
     m_txtLocator->setUpdatesEnabled(true);
     m_txtLocator->setFocus(); // disabling it has moved the focus on
@@ -354,25 +351,19 @@ void ConverterPanels::mnuPasted_Click() {
     showForm();
 }
 
-void ConverterPanels::mnuPaste_Click(int index) {
-    switch (index) {
-    case 0:
-        m_form.homeTarget.txtHome.set(m_form.converter.menuLocator());
-        Q_EMIT homeTargetChanged();
-        break;
-    case 1:
-        m_form.homeTarget.txtTarget.set(m_form.converter.menuLocator());
-        Q_EMIT homeTargetChanged();
-        break;
-    case 3:
-        mnuPasted_Click();
-        break;
-    case 5:
-        copyToClipboard(m_form.converter.menuLocator());
-        break;
-    default: // separators
-        break;
-    }
+std::vector<MenuEntry> ConverterPanels::mnuPaste() {
+    const MenuEntry separator;
+    return {{QStringLiteral("Paste into Home:"), [this] { pasteInto(Side::Home); }},
+            {QStringLiteral("Paste into Target:"), [this] { pasteInto(Side::Target); }},
+            separator,
+            {QStringLiteral("Paste here"), [this] { mnuPasted_Click(); }},
+            separator,
+            {QStringLiteral("Copy"), [this] { copyToClipboard(m_form.converter.menuLocator()); }}};
+}
+
+void ConverterPanels::pasteInto(Side side) {
+    m_form.homeTarget.box(side).set(m_form.converter.menuLocator());
+    Q_EMIT homeTargetChanged();
 }
 
 // Events of the boxes ---------------------------------------------------------------------------
@@ -380,7 +371,7 @@ void ConverterPanels::mnuPaste_Click(int index) {
 bool ConverterPanels::locatorBox_Event(QEvent* event) {
     switch (event->type()) {
     case QEvent::FocusOut:
-        // Not when a menu opens or another program comes up: the box is coming back to.
+        // When a menu opens or another program comes to the front, the focus returns to this box.
         if (const auto reason = static_cast<QFocusEvent*>(event)->reason();
             reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
             txtLocator_LostFocus();

@@ -2,10 +2,12 @@
 
 #include "panels/locator_converter_form.h"
 #include "ui/dms_row.h"
+#include "ui/options_menu.h"
 
 #include <QWidget>
 
 #include <initializer_list>
+#include <vector>
 
 class QKeyEvent;
 class QLabel;
@@ -68,7 +70,8 @@ private:
     void txtLocator_LostFocus();
     void txtLocator_MouseDown(const QPoint& globalPosition);
     void mnuPasted_Click();
-    void mnuPaste_Click(int index);
+    std::vector<MenuEntry> mnuPaste();
+    void pasteInto(Side side);
 
     bool locatorBox_Event(QEvent* event);
     bool hemisphere_KeyPress(const QObject* list, const QKeyEvent& event);

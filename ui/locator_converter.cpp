@@ -159,7 +159,15 @@ void LocatorConverter::Form_Load() {
     LoadINI();
     QCoreApplication::processEvents();
     m_useCounter = readUseCounter(m_surroundings.store);
-    checkWebUpdates();
+    if (m_ini.NoCheckWebUpdates != 0)
+        return;
+    if (!m_surroundings.isOnline()) {
+        m_homeTarget->hideMapButton();
+    } else if (opensHomePage(m_useCounter)) {
+        countUse(); // should this start end now, the next one is not to open the page again
+        QString homePage;
+        OpenWebPage(homePage);
+    }
 }
 
 void LocatorConverter::countUse() {
@@ -199,20 +207,6 @@ void LocatorConverter::moveToSavedPosition() {
     if (saved.top)
         position.setY(*saved.top / twipsPerPixel);
     move(position);
-}
-
-void LocatorConverter::checkWebUpdates() {
-    constexpr std::int32_t every = 30;
-    constexpr std::int32_t remainder = 20;
-    if (m_ini.NoCheckWebUpdates != 0)
-        return;
-    if (!m_surroundings.isOnline()) {
-        m_homeTarget->hideMapButton();
-    } else if (m_useCounter % every == remainder) {
-        countUse(); // should this start end now, the next one is not to open the page again
-        QString homePage;
-        OpenWebPage(homePage);
-    }
 }
 
 void LocatorConverter::SaveINI() {

@@ -39,8 +39,9 @@ public:
     explicit LocatorConverter(Surroundings surroundings, QWidget* parent = nullptr);
 
     /// What happens at start, in its order: the INI file, pending events, the use counter, the
-    /// online test. To be called once, before the window is shown; the settings store has recorded
-    /// path and version by then. Does not return without an INI file (see LoadINI).
+    /// online test, which hides the map button or opens the home page. To be called once, before
+    /// the window is shown; the settings store has recorded path and version by then. Does not
+    /// return without an INI file (see LoadINI).
     void Form_Load();
 
     /// Stores the next use's number, which belongs to Form_Load. To be called after the window is
@@ -62,11 +63,11 @@ private:
     void makeShortcuts();
     void connectParts();
 
-    /// Without an INI file the reading loop has no end: the program is to be put right by whoever
-    /// removed the file, not to start with empty lists and write them over his own later.
+    /// Fills lists, defaults and options from the INI file. Without one it waits until a signal
+    /// ends the program: starting with empty lists would write them over the real ones as soon as
+    /// the file is back.
     void LoadINI();
     void moveToSavedPosition();
-    void checkWebUpdates();
     void Form_Unload();
 
     void chkOnTop_Click(bool isOn);

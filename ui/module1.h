@@ -17,7 +17,7 @@ void SetTopMost(QWidget& mainWindow, bool onTop);
 void OpenWebPage(QString& text);
 
 /// Opens a mail to the author with the desktop's mail program. The subject names the program and
-/// its version's numbers, deliberately without points between them ("Orbisgrid v311").
+/// its version's numbers without points between them ("Orbisgrid v311").
 void MailAuthor();
 
 } // namespace orbisgrid

@@ -2,33 +2,24 @@
 
 #include <QMenu>
 
-#include <array>
-
 namespace orbisgrid {
 
 void showOptionsMenu(QWidget& window, const QPoint& globalPosition,
                      const std::function<void()>& mnuPasted,
-                     const std::function<void(int)>& mnuPaste) {
+                     const std::vector<MenuEntry>& mnuPaste) {
     QMenu menu(QStringLiteral("Options"), &window);
     menu.setObjectName(QStringLiteral("mnuOptions"));
     QAction* paste = menu.addAction(QStringLiteral("Paste"));
     paste->setObjectName(QStringLiteral("mnuPasted"));
     QObject::connect(paste, &QAction::triggered, &menu, mnuPasted);
     menu.addSeparator()->setObjectName(QStringLiteral("niks1"));
-
-    const std::array captions{QStringLiteral("Paste into Home:"),
-                              QStringLiteral("Paste into Target:"),
-                              QString(),
-                              QStringLiteral("Paste here"),
-                              QString(),
-                              QStringLiteral("Copy")};
     int index = 0;
-    for (const QString& caption : captions) {
-        QAction* entry = caption.isEmpty() ? menu.addSeparator() : menu.addAction(caption);
-        entry->setObjectName(QStringLiteral("mnuPaste_") + QString::number(index));
-        QObject::connect(entry, &QAction::triggered, &menu,
-                         [&mnuPaste, index] { mnuPaste(index); });
-        ++index;
+    for (const MenuEntry& entry : mnuPaste) {
+        QAction* action =
+            entry.caption.isEmpty() ? menu.addSeparator() : menu.addAction(entry.caption);
+        action->setObjectName(QStringLiteral("mnuPaste_") + QString::number(index++));
+        if (entry.chosen)
+            QObject::connect(action, &QAction::triggered, &menu, entry.chosen);
     }
     menu.exec(globalPosition);
 }

@@ -125,7 +125,8 @@ void bindBox(QLineEdit& edit, TextBox& value, const QString& objectName, const Q
 }
 
 void setLeastLetters(QComboBox& list, int count) {
-    // QComboBox::setMinimumContentsLength makes what drops down, which nobody may ever open.
+    // QComboBox::setMinimumContentsLength would create the drop-down list now, before anyone opens
+    // it.
     QStyleOptionComboBox option;
     option.initFrom(&list);
     const QSize text(list.fontMetrics().horizontalAdvance(u'X') * count,

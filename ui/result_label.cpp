@@ -7,13 +7,13 @@ namespace orbisgrid {
 ResultLabel::ResultLabel(const QString& text, QWidget* parent)
     : QLabel(parent) {
     setTextFormat(Qt::PlainText);
-    setText(text); // before the focus: a label that takes it makes a document of a text it is given
+    setText(text); // before the focus policy: a label with one makes a document of each new text
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::IBeamCursor);
 }
 
-/// What makes a text selectable is a whole document behind the label. It is made when somebody
-/// comes near, not at the start of the program.
+/// Selecting needs a document behind the label. It is made when the pointer or the focus comes,
+/// which keeps it out of the start.
 void ResultLabel::makeSelectable() {
     if (textInteractionFlags() != Qt::LinksAccessibleByMouse)
         return;

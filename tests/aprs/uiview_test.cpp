@@ -12,30 +12,32 @@ class UIViewWriteTest : public testing::TestWithParam<Row> {};
 
 TEST_P(UIViewWriteTest, WritesSecondsBehindThePoint) {
     const Row& row = GetParam();
-    const WholeDms lat{row.number(0), row.number(1), row.number(2), false};
-    const WholeDms lon{row.number(4), row.number(5), row.number(6), false};
-    EXPECT_EQ(toUtf8(uiViewText(lat, row.text(3), lon, row.text(7))), row.fields[8]);
+    const WholeDms lat{row.number("lat deg"), row.number("lat min"), row.number("lat sec"), false};
+    const WholeDms lon{row.number("lon deg"), row.number("lon min"), row.number("lon sec"), false};
+    EXPECT_EQ(toUtf8(uiViewText(lat, row.text("lat letter"), lon, row.text("lon letter"))),
+              row["text"]);
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, UIViewWriteTest,
-                         testing::ValuesIn(test::readTable("uiview_write.tsv", 9)), test::testName);
+                         testing::ValuesIn(test::readTable("uiview_write.tsv")), test::testName);
 
 class UIViewReadTest : public testing::TestWithParam<Row> {};
 
 TEST_P(UIViewReadTest, ReadsByPosition) {
     const Row& row = GetParam();
-    const auto position = readUIViewText(row.text(0));
-    ASSERT_EQ(position.has_value(), row.fields[1] != "-");
+    const auto position = readUIViewText(row.text("text"));
+    ASSERT_EQ(position.has_value(), row["latitude"] != "-");
     if (!position)
         return;
-    EXPECT_EQ(toUtf8(plainText(position->latitude)), row.fields[1]);
-    EXPECT_EQ(toUtf8(plainText(position->longitude)), row.fields[2]);
-    EXPECT_EQ(position->isSouth, row.flag(3));
-    EXPECT_EQ(position->isWest, row.flag(4));
+    EXPECT_EQ(toUtf8(plainText(static_cast<float>(position->position.latitude))), row["latitude"]);
+    EXPECT_EQ(toUtf8(plainText(static_cast<float>(position->position.longitude))),
+              row["longitude"]);
+    EXPECT_EQ(position->isSouth, row.flag("south"));
+    EXPECT_EQ(position->isWest, row.flag("west"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, UIViewReadTest,
-                         testing::ValuesIn(test::readTable("uiview_read.tsv", 5)), test::testName);
+                         testing::ValuesIn(test::readTable("uiview_read.tsv")), test::testName);
 
 } // namespace
 

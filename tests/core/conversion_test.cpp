@@ -11,16 +11,16 @@ class WorldDMSTest : public testing::TestWithParam<Row> {};
 
 TEST_P(WorldDMSTest, SplitsADecimalText) {
     const Row& row = GetParam();
-    const auto dms = WorldDMS(row.text(0));
+    const auto dms = WorldDMS(row.text("text"));
     ASSERT_TRUE(dms.has_value());
-    EXPECT_EQ(dms->Deg, row.number(1));
-    EXPECT_EQ(dms->Min, row.number(2));
-    EXPECT_EQ(dms->Sec, row.number(3));
-    EXPECT_EQ(dms->isNegative, row.flag(4));
+    EXPECT_EQ(dms->Deg, row.number("degrees"));
+    EXPECT_EQ(dms->Min, row.number("minutes"));
+    EXPECT_EQ(dms->Sec, row.number("seconds"));
+    EXPECT_EQ(dms->isNegative, row.flag("negative"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, WorldDMSTest,
-                         testing::ValuesIn(test::readTable("conversion_world_dms.tsv", 5)),
+                         testing::ValuesIn(test::readTable("conversion_world_dms.tsv")),
                          test::testName);
 
 /// The UI-View text of a window without a position shows it.
@@ -40,18 +40,18 @@ class DecimalCoordinatesTest : public testing::TestWithParam<Row> {};
 
 TEST_P(DecimalCoordinatesTest, EncodesTheBoxes) {
     const Row& row = GetParam();
-    const auto result = DecimalCoordinates(row.text(0), row.text(1));
+    const auto result = DecimalCoordinates(row.text("latitude"), row.text("longitude"));
     const bool isConverted = result.outcome == DecimalCoordinatesOutcome::converted;
-    EXPECT_EQ(isConverted, row.fields[2] != "-");
+    EXPECT_EQ(isConverted, row["locator"] != "-");
     if (isConverted) {
-        EXPECT_EQ(toUtf8(result.locator), row.fields[2]);
+        EXPECT_EQ(toUtf8(result.locator), row["locator"]);
     } else {
         EXPECT_EQ(result.outcome, DecimalCoordinatesOutcome::outOfGrid);
     }
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, DecimalCoordinatesTest,
-                         testing::ValuesIn(test::readTable("conversion_decimal.tsv", 3)),
+                         testing::ValuesIn(test::readTable("conversion_decimal.tsv")),
                          test::testName);
 
 TEST(DecimalCoordinates, RefusesANumberTooLargeToBeOne) {

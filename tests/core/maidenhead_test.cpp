@@ -13,17 +13,17 @@ class Maiden2WorldTest : public testing::TestWithParam<Row> {};
 
 TEST_P(Maiden2WorldTest, LeavesThePosition) {
     const Row& row = GetParam();
-    Text locator = row.text(0);
+    Text locator = row.text("locator");
     const LocatorPosition position = Maiden2World(locator);
-    EXPECT_EQ(toUtf8(locator), row.fields[1]);
-    EXPECT_EQ(toUtf8(position.LonText), row.fields[2]);
-    EXPECT_EQ(toUtf8(position.LatText), row.fields[3]);
-    EXPECT_EQ(position.longitude, static_cast<float>(row.number(4)));
-    EXPECT_EQ(position.latitude, static_cast<float>(row.number(5)));
+    EXPECT_EQ(toUtf8(locator), row["locator afterwards"]);
+    EXPECT_EQ(toUtf8(position.LonText), row["LonText"]);
+    EXPECT_EQ(toUtf8(position.LatText), row["LatText"]);
+    EXPECT_EQ(position.position.longitude, static_cast<float>(row.number("longitude")));
+    EXPECT_EQ(position.position.latitude, static_cast<float>(row.number("latitude")));
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, Maiden2WorldTest,
-                         testing::ValuesIn(test::readTable("maidenhead_decode.tsv", 6)),
+                         testing::ValuesIn(test::readTable("maidenhead_decode.tsv")),
                          test::testName);
 
 TEST(Maiden2World, RaisesForThreeCharacters) {
@@ -37,22 +37,22 @@ class Maiden2WorldHMSTest : public testing::TestWithParam<Row> {};
 
 TEST_P(Maiden2WorldHMSTest, LeavesTextsAndParts) {
     const Row& row = GetParam();
-    Text locator = row.text(0);
+    Text locator = row.text("locator");
     const LocatorPositionHMS position = Maiden2WorldHMS(locator);
-    EXPECT_EQ(toUtf8(position.LonText), row.fields[1]);
-    EXPECT_EQ(toUtf8(position.LatText), row.fields[2]);
-    EXPECT_EQ(toUtf8(position.LonDmsText), row.fields[3]);
-    EXPECT_EQ(toUtf8(position.LatDmsText), row.fields[4]);
-    EXPECT_EQ(position.LonDeg, row.number(5));
-    EXPECT_EQ(position.LonMin, row.number(6));
-    EXPECT_NEAR(position.LonSec, row.number(7), 0.0005);
-    EXPECT_EQ(position.LatDeg, row.number(8));
-    EXPECT_EQ(position.LatMin, row.number(9));
-    EXPECT_EQ(position.LatSec, row.number(10));
+    EXPECT_EQ(toUtf8(position.LonText), row["LonText"]);
+    EXPECT_EQ(toUtf8(position.LatText), row["LatText"]);
+    EXPECT_EQ(toUtf8(position.LonDmsText), row["LonDmsText"]);
+    EXPECT_EQ(toUtf8(position.LatDmsText), row["LatDmsText"]);
+    EXPECT_EQ(position.LonDeg, row.number("LonDeg"));
+    EXPECT_EQ(position.LonMin, row.number("LonMin"));
+    EXPECT_NEAR(position.LonSec, row.number("LonSec"), 0.0005);
+    EXPECT_EQ(position.LatDeg, row.number("LatDeg"));
+    EXPECT_EQ(position.LatMin, row.number("LatMin"));
+    EXPECT_EQ(position.LatSec, row.number("LatSec"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, Maiden2WorldHMSTest,
-                         testing::ValuesIn(test::readTable("maidenhead_decode_hms.tsv", 11)),
+                         testing::ValuesIn(test::readTable("maidenhead_decode_hms.tsv")),
                          test::testName);
 
 TEST(Maiden2WorldHMS, CompletesItsArgument) {
@@ -80,33 +80,39 @@ class World2GridTest : public testing::TestWithParam<Row> {};
 
 TEST_P(World2GridTest, TruncatesToALocator) {
     const Row& row = GetParam();
-    double longitude = row.number(0);
-    double latitude = row.number(1);
+    double longitude = row.number("longitude");
+    double latitude = row.number("latitude");
     Text locator;
-    EXPECT_EQ(raisedCode([&] { locator = World2Grid(longitude, latitude); }), row.number(3));
-    EXPECT_EQ(toUtf8(locator), row.fields[2]);
-    if (!row.fields[4].empty()) {
-        EXPECT_NEAR(longitude, row.number(4), 0.0000005);
-        EXPECT_NEAR(latitude, row.number(5), 0.0000005);
+    EXPECT_EQ(raisedCode([&] { locator = World2Grid(longitude, latitude); }), row.number("error"));
+    EXPECT_EQ(toUtf8(locator), row["locator"]);
+    if (!row["longitude left"].empty()) {
+        EXPECT_NEAR(longitude, row.number("longitude left"), 0.0000005);
+        EXPECT_NEAR(latitude, row.number("latitude left"), 0.0000005);
     }
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, World2GridTest,
-                         testing::ValuesIn(test::readTable("maidenhead_grid.tsv", 6)),
-                         test::testName);
+                         testing::ValuesIn(test::readTable("maidenhead_grid.tsv")), test::testName);
+
+TEST(LocatorOf, IsWorld2GridLatitudeFirst) {
+    EXPECT_EQ(locatorOf({50.9375, 4.041666}), u"JO20AW");
+    EXPECT_EQ(raisedCode([] { (void)locatorOf({50, 1e9}); }), 6);
+}
 
 class World2MaidenTest : public testing::TestWithParam<Row> {};
 
 TEST_P(World2MaidenTest, CountsLongitudeTowardsTheWest) {
     const Row& row = GetParam();
     Text locator;
-    const auto encode = [&] { locator = World2Maiden(row.number(0), row.number(1), 0); };
-    EXPECT_EQ(raisedCode(encode), row.number(3));
-    EXPECT_EQ(toUtf8(locator), row.fields[2]);
+    const auto encode = [&] {
+        locator = World2Maiden(row.number("LongCo"), row.number("LatCo"), 0);
+    };
+    EXPECT_EQ(raisedCode(encode), row.number("error"));
+    EXPECT_EQ(toUtf8(locator), row["locator"]);
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, World2MaidenTest,
-                         testing::ValuesIn(test::readTable("maidenhead_west_positive.tsv", 4)),
+                         testing::ValuesIn(test::readTable("maidenhead_west_positive.tsv")),
                          test::testName);
 
 } // namespace

@@ -15,13 +15,13 @@ class VincentyTest : public testing::TestWithParam<Row> {};
 
 TEST_P(VincentyTest, AgreesWithTheReference) {
     const Row& row = GetParam();
-    const VincentyDistance distance =
-        distVincenty(row.number(0), row.number(1), row.number(2), row.number(3));
-    EXPECT_NEAR(distance.metres, row.number(4), 0.0011);
-    EXPECT_EQ(distance.iterationLimitReached, row.flag(5));
+    const VincentyDistance distance = distVincenty(row.number("lat1"), row.number("lon1"),
+                                                   row.number("lat2"), row.number("lon2"));
+    EXPECT_NEAR(distance.metres, row.number("metres"), 0.0011);
+    EXPECT_EQ(distance.iterationLimitReached, row.flag("limit reached"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, VincentyTest, testing::ValuesIn(test::readTable("vincenty.tsv", 6)),
+INSTANTIATE_TEST_SUITE_P(Rows, VincentyTest, testing::ValuesIn(test::readTable("vincenty.tsv")),
                          test::testName);
 
 TEST(Vincenty, RoundsToMillimetres) {
@@ -30,8 +30,8 @@ TEST(Vincenty, RoundsToMillimetres) {
 
 TEST(Vincenty, RaisesForNoNumber) {
     const double nan = std::numeric_limits<double>::quiet_NaN();
-    EXPECT_EQ(test::raisedCode([&] { distVincenty(nan, 0, 1, 1); }), 6);
-    EXPECT_EQ(test::raisedCode([&] { distVincenty(0, nan, 1, 1); }), 6);
+    EXPECT_EQ(test::raisedCode([&] { (void)distVincenty(nan, 0, 1, 1); }), 6);
+    EXPECT_EQ(test::raisedCode([&] { (void)distVincenty(0, nan, 1, 1); }), 6);
 }
 
 } // namespace

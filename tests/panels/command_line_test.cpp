@@ -18,14 +18,14 @@ TEST_P(CommandLineTest, AsksForAJob) {
     const std::map<std::string, CommandLine::Job> jobs{{"none", CommandLine::Job::none},
                                                        {"convert", CommandLine::Job::convert},
                                                        {"distance", CommandLine::Job::distance}};
-    const CommandLine commandLine = readCommandLine(row.text(0));
-    EXPECT_EQ(commandLine.job, jobs.at(row.fields[1]));
-    EXPECT_EQ(toUtf8(commandLine.first), row.fields[2]);
-    EXPECT_EQ(toUtf8(commandLine.second), row.fields[3]);
+    const CommandLine commandLine = readCommandLine(row.text("arguments"));
+    EXPECT_EQ(commandLine.job, jobs.at(row["job"]));
+    EXPECT_EQ(toUtf8(commandLine.first), row["first"]);
+    EXPECT_EQ(toUtf8(commandLine.second), row["second"]);
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, CommandLineTest,
-                         testing::ValuesIn(test::readTable("command_line.tsv", 4)), test::testName);
+                         testing::ValuesIn(test::readTable("command_line.tsv")), test::testName);
 
 TEST(JoinedArguments, PutsABlankBetween) {
     EXPECT_EQ(joinedArguments({}), u"");

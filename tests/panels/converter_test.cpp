@@ -28,7 +28,7 @@ Converter converted(TextView locator) {
 
 TEST(ConverterMessages, ShortLocator) {
     RecordedMessages messages;
-    DistAzimuthTexts texts;
+    FormTexts texts;
     Converter converter;
     EXPECT_FALSE(converter.cmdOKLocator_Click(texts, messages));
     expectMessage(messages,
@@ -39,7 +39,7 @@ TEST(ConverterMessages, ShortLocator) {
 
 TEST(ConverterMessages, MalformedLocator) {
     RecordedMessages messages;
-    DistAzimuthTexts texts;
+    FormTexts texts;
     Converter converter;
     converter.txtLocator.set(u"JO2A");
     EXPECT_TRUE(converter.cmdOKLocator_Click(texts, messages));
@@ -121,7 +121,7 @@ TEST(ConverterLabels, FollowTheDecimalBoxes) {
 
 /// The decimal boxes and both lists behind MaidenConvert. The lists held `northSouth` and
 /// `westEast` before, so that each is seen to be set.
-Text maidenConverted(TextView locator, int northSouth, int westEast, DistAzimuthTexts& texts) {
+Text maidenConverted(TextView locator, int northSouth, int westEast, FormTexts& texts) {
     RecordedMessages messages;
     Converter converter;
     converter.txtLocator.set(locator);
@@ -136,14 +136,14 @@ Text maidenConverted(TextView locator, int northSouth, int westEast, DistAzimuth
 }
 
 TEST(ConverterMaidenConvert, FillsTheDecimalBoxesAndTakesADigitForWest) {
-    DistAzimuthTexts texts;
+    FormTexts texts;
     EXPECT_EQ(maidenConverted(u" jo20aw ", 1, 0, texts), u"JO20AW| 50.937|N| 4.04166|W");
     EXPECT_EQ(texts.LonText, u"4.041667E");
     EXPECT_EQ(texts.LatText, u"50.9375N");
 }
 
 TEST(ConverterMaidenConvert, ListsFollowTheLettersOfAnEarlierDecode) {
-    DistAzimuthTexts texts;
+    FormTexts texts;
     texts.LonText = u"18.4E";
     texts.LatText = u"33.9S";
     EXPECT_EQ(maidenConverted(u"JO2", 0, 1, texts), u"JO2|33.9|S|18.4|E");
@@ -250,12 +250,11 @@ class PasteTest : public testing::TestWithParam<Row> {};
 TEST_P(PasteTest, TakesWhatPeoplePaste) {
     const Row& row = GetParam();
     Converter converter;
-    converter.paste(row.text(0));
-    EXPECT_EQ(toUtf8(converter.txtLocator.text()), row.fields[1]);
+    converter.paste(row.text("clipboard"));
+    EXPECT_EQ(toUtf8(converter.txtLocator.text()), row["txtLocator"]);
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, PasteTest,
-                         testing::ValuesIn(test::readTable("converter_paste.tsv", 2)),
+INSTANTIATE_TEST_SUITE_P(Rows, PasteTest, testing::ValuesIn(test::readTable("converter_paste.tsv")),
                          test::testName);
 
 class MapQueryTest : public testing::TestWithParam<Row> {};
@@ -263,14 +262,14 @@ class MapQueryTest : public testing::TestWithParam<Row> {};
 TEST_P(MapQueryTest, WritesFractionsOut) {
     const Row& row = GetParam();
     Converter converter;
-    converter.txtDecLat.set(row.text(0));
-    converter.txtDecLong.set(row.text(1));
+    converter.txtDecLat.set(row.text("txtDecLat"));
+    converter.txtDecLong.set(row.text("txtDecLong"));
     const MapQuery query = mapQuery(converter);
-    EXPECT_EQ(toUtf8(query.latitude), row.fields[2]);
-    EXPECT_EQ(toUtf8(query.longitude), row.fields[3]);
+    EXPECT_EQ(toUtf8(query.latitude), row["latitude"]);
+    EXPECT_EQ(toUtf8(query.longitude), row["longitude"]);
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, MapQueryTest, testing::ValuesIn(test::readTable("map_query.tsv", 4)),
+INSTANTIATE_TEST_SUITE_P(Rows, MapQueryTest, testing::ValuesIn(test::readTable("map_query.tsv")),
                          test::testName);
 
 TEST(LocatorConverterForm, RefreshClearsBothPanels) {

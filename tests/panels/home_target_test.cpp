@@ -1,7 +1,6 @@
 #include "panels/home_target.h"
 #include "panels/locator_converter_form.h"
-#include "tests/support/recorded_messages.h"
-#include "tests/support/table.h"
+#include "tests/support/panel_actions.h"
 
 namespace orbisgrid {
 
@@ -15,36 +14,34 @@ class CalculateTest : public testing::TestWithParam<Row> {};
 TEST_P(CalculateTest, FillsTheLabelsOrRefuses) {
     const Row& row = GetParam();
     HomeTarget panel;
-    DistAzimuthTexts texts;
+    FormTexts texts;
     RecordedMessages messages;
-    panel.txtHome.set(row.text(0));
-    panel.txtTarget.set(row.text(1));
+    panel.txtHome.set(row.text("home"));
+    panel.txtTarget.set(row.text("target"));
     const CalculateEnd end = panel.calculate(texts, messages);
-    EXPECT_EQ(toUtf8(panel.txtHome.text()), row.fields[2]);
-    EXPECT_EQ(toUtf8(panel.txtTarget.text()), row.fields[3]);
-    if (row.fields[4].empty()) {
+    EXPECT_EQ(toUtf8(panel.txtHome.text()), row["home after"]);
+    EXPECT_EQ(toUtf8(panel.txtTarget.text()), row["target after"]);
+    if (row["message"].empty()) {
         EXPECT_EQ(end, CalculateEnd::calculated);
         EXPECT_TRUE(messages.shown.empty());
-        EXPECT_EQ(toUtf8(panel.lblDistKm), row.fields[5]);
-        EXPECT_EQ(toUtf8(panel.lblDistMile), row.fields[6]);
-        EXPECT_EQ(toUtf8(panel.lblAzimuth), row.fields[7]);
-        EXPECT_EQ(toUtf8(panel.lblHomeLat), row.fields[8]);
-        EXPECT_EQ(toUtf8(panel.lblHomeLong), row.fields[9]);
-        EXPECT_EQ(toUtf8(panel.lblTargetLat), row.fields[10]);
-        EXPECT_EQ(toUtf8(panel.lblTargetLong), row.fields[11]);
+        EXPECT_EQ(toUtf8(panel.lblDistKm), row["km"]);
+        EXPECT_EQ(toUtf8(panel.lblDistMile), row["miles"]);
+        EXPECT_EQ(toUtf8(panel.lblAzimuth), row["azimuth"]);
+        EXPECT_EQ(toUtf8(panel.lblHomeLat), row["home lat"]);
+        EXPECT_EQ(toUtf8(panel.lblHomeLong), row["home long"]);
+        EXPECT_EQ(toUtf8(panel.lblTargetLat), row["target lat"]);
+        EXPECT_EQ(toUtf8(panel.lblTargetLong), row["target long"]);
     } else {
         EXPECT_NE(end, CalculateEnd::calculated);
-        ASSERT_EQ(messages.shown.size(), 1U);
-        EXPECT_EQ(toUtf8(messages.shown[0].title), row.fields[4]);
-        EXPECT_EQ(messages.shown[0].icon, MessageIcon::exclamation);
+        EXPECT_EQ(test::described(messages.shown), test::described({*test::expectedMessage(row)}));
         EXPECT_EQ(panel.lblDistKm, u"0 Km");
         EXPECT_TRUE(panel.cmbHome.items.empty());
         EXPECT_TRUE(panel.cmbTarget.items.empty());
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, CalculateTest,
-                         testing::ValuesIn(test::readTable("calculate.tsv", 12)), test::testName);
+INSTANTIATE_TEST_SUITE_P(Rows, CalculateTest, testing::ValuesIn(test::readTable("calculate.tsv")),
+                         test::testName);
 
 struct Refusal {
     CalculateEnd end;
@@ -53,7 +50,7 @@ struct Refusal {
 
 Refusal refusalOf(TextView home, TextView target) {
     HomeTarget panel;
-    DistAzimuthTexts texts;
+    FormTexts texts;
     RecordedMessages messages;
     panel.txtHome.set(home);
     panel.txtTarget.set(target);
@@ -79,7 +76,7 @@ TEST(CalculateMessages, HaveTheirTextsAndFocus) {
 
 HomeTarget calculated(TextView home, TextView target) {
     HomeTarget panel;
-    DistAzimuthTexts texts;
+    FormTexts texts;
     RecordedMessages messages;
     panel.txtHome.set(home);
     panel.txtTarget.set(target);
@@ -108,7 +105,7 @@ TEST(CalculateLists, RememberALowerCaseLocatorEachTime) {
 
 TEST(CalculateLists, KnowNoLimit) {
     HomeTarget panel;
-    DistAzimuthTexts texts;
+    FormTexts texts;
     RecordedMessages messages;
     panel.txtTarget.set(u"JO20AW");
     for (char16_t letter = u'A'; letter <= u'X'; ++letter) {

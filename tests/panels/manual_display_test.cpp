@@ -11,14 +11,13 @@ class ManualDisplayTest : public testing::TestWithParam<Row> {};
 
 TEST_P(ManualDisplayTest, PlacesThePosition) {
     const Row& row = GetParam();
-    const ManualDisplay display(row.text(0));
-    EXPECT_EQ(static_cast<double>(display.place(static_cast<std::size_t>(row.number(1)))),
-              row.number(2));
+    const ManualDisplay display(row.text("manual"));
+    EXPECT_EQ(static_cast<double>(display.place(static_cast<std::size_t>(row.number("position")))),
+              row.number("place"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, ManualDisplayTest,
-                         testing::ValuesIn(test::readTable("manual_display.tsv", 3)),
-                         test::testName);
+                         testing::ValuesIn(test::readTable("manual_display.tsv")), test::testName);
 
 /// Whether every character of the manual stands where `place` says.
 void expectEachInItsPlace(const Text& manual) {

@@ -6,6 +6,7 @@
 #include "core/long_maidenhead.h"
 #include "core/maidenhead.h"
 #include "core/number_text.h"
+#include "geodesy/calc_dist_azimuth.h"
 #include "geodesy/great_circle.h"
 #include "tests/support/table.h"
 
@@ -55,18 +56,18 @@ using Parts = std::vector<std::string>;
 
 // What each kind of example says of its inputs ---------------------------------------------------
 
-DistAzimuthTexts distAzimuth(const std::string& home, const std::string& target) {
-    DistAzimuthTexts texts;
+FormTexts distAzimuth(const std::string& home, const std::string& target) {
+    FormTexts texts;
     CalcDistAzimuth(fromUtf8(home), fromUtf8(target), texts);
     return texts;
 }
 
 std::string miles(TextView distText) {
-    return toUtf8(plainText(std::floor(leadingNumber(distText) / 1.601)));
+    return toUtf8(plainText(shownMiles(leadingNumber(distText))));
 }
 
 std::string distanceExample(const Parts& in) {
-    const DistAzimuthTexts texts = distAzimuth(in[1], in[2]);
+    const FormTexts texts = distAzimuth(in[1], in[2]);
     const std::string azimuth = in[1] == in[2] ? "none" : trimmedUtf8(texts.AzimuthText);
     return trimmedUtf8(texts.DistText) + " Km, " + miles(texts.DistText) + " Miles, " + azimuth +
            " degrees";
@@ -108,7 +109,7 @@ std::string boxesExample(const Parts& in) {
 }
 
 std::string gridExample(const Parts& in) {
-    return toUtf8(DecimalCoordinates(fromUtf8(in[2]), fromUtf8(in[1])).locator);
+    return toUtf8(DecimalCoordinates(fromUtf8(in[1]), fromUtf8(in[2])).locator);
 }
 
 std::string dmsExample(const Parts& in) {
@@ -137,12 +138,13 @@ std::string uiViewExample(const Parts& in) {
 }
 
 std::string uiViewReadExample(const Parts& in) {
-    const UIViewPosition position = readUIViewText(fromUtf8(in[1])).value();
-    return number(position.latitude) + ", " + number(position.longitude);
+    const Position position = readUIViewText(fromUtf8(in[1])).value().position;
+    return number(static_cast<float>(position.latitude)) + ", " +
+           number(static_cast<float>(position.longitude));
 }
 
 std::string compressedExample(const Parts& in) {
-    return toUtf8(compressedText(std::stod(in[2]), std::stod(in[1])));
+    return toUtf8(compressedText({std::stod(in[1]), std::stod(in[2])}));
 }
 
 /// A kind of example: a pattern whose last group is what `compute` must give for the others.
@@ -201,7 +203,7 @@ std::vector<std::string> outputOf(const std::string& command) {
 }
 
 TEST(ManualExample, ShowsTheReportOfTheCommandLine) {
-    const DistAzimuthTexts texts = distAzimuth("JO20AW", "FN42AA");
+    const FormTexts texts = distAzimuth("JO20AW", "FN42AA");
     Text home = u"JO20AW";
     const LocatorPosition position = Maiden2World(home);
     const double lat = leadingNumber(texts.LatText);
@@ -235,7 +237,7 @@ TEST(ManualExample, ShowsAllNotationsOfTheCommandLine) {
         "World Longitude:" + worldText(boxes.lon, "E", "W"),
         "UI-View string:" + uiView(boxes.lat, boxes.lon),
         "APRS Compressed:" +
-            toUtf8(compressedText(leadingNumber(boxes.lon), leadingNumber(boxes.lat)))};
+            toUtf8(compressedText({leadingNumber(boxes.lat), leadingNumber(boxes.lon)}))};
     EXPECT_EQ(outputOf("orbisgrid -Cjo20aw"), expected);
 }
 

@@ -12,11 +12,11 @@ using test::Row;
 class ManualTextTest : public testing::TestWithParam<Row> {};
 
 TEST_P(ManualTextTest, EndsEachLineWithCrLf) {
-    EXPECT_EQ(toUtf8(manualText(GetParam().fields[0])), GetParam().fields[1]);
+    EXPECT_EQ(toUtf8(manualText(GetParam()["bytes of the file"])), GetParam()["text"]);
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, ManualTextTest,
-                         testing::ValuesIn(test::readTable("manual_text.tsv", 2)), test::testName);
+                         testing::ValuesIn(test::readTable("manual_text.tsv")), test::testName);
 
 TEST(ManualText, ReadsBytesThatAreNoUtf8AsTheOlderCodePage) {
     EXPECT_EQ(manualText("50\xB0\n"), u"50°\r\n");
@@ -63,8 +63,8 @@ class ManualSearchTest : public testing::TestWithParam<Row> {};
 
 TEST_P(ManualSearchTest, FindsStepByStep) {
     const Row& row = GetParam();
-    ManualSearch search(row.text(0));
-    for (const Step& step : stepsOf(row.fields[1])) {
+    ManualSearch search(row.text("manual"));
+    for (const Step& step : stepsOf(row["finds"])) {
         const Text typed = step.typed == "*" ? search.SearchString() : fromUtf8(step.typed);
         const ManualFind find = search.DoTheSearch(typed);
         EXPECT_EQ(outcomeText(find), step.expected) << "typed: " << step.typed;
@@ -72,15 +72,14 @@ TEST_P(ManualSearchTest, FindsStepByStep) {
         EXPECT_EQ(search.Found(), isFound);
         EXPECT_EQ(find.length, isFound ? typed.size() : 0U);
     }
-    EXPECT_EQ(toUtf8(search.SearchString()), row.fields[2]);
-    EXPECT_EQ(toUtf8(search.LastSearch()), row.fields[3]);
-    EXPECT_EQ(static_cast<double>(search.SearchPos()), row.number(4));
-    EXPECT_EQ(static_cast<double>(search.NextStart()), row.number(5));
+    EXPECT_EQ(toUtf8(search.SearchString()), row["SearchString"]);
+    EXPECT_EQ(toUtf8(search.LastSearch()), row["LastSearch"]);
+    EXPECT_EQ(static_cast<double>(search.SearchPos()), row.number("SearchPos"));
+    EXPECT_EQ(static_cast<double>(search.NextStart()), row.number("NextStart"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, ManualSearchTest,
-                         testing::ValuesIn(test::readTable("manual_search.tsv", 6)),
-                         test::testName);
+                         testing::ValuesIn(test::readTable("manual_search.tsv")), test::testName);
 
 TEST(ManualSearch, StartsWithNothingFound) {
     const ManualSearch search(u"locator");

@@ -16,8 +16,8 @@ using test::Row;
 using test::shell;
 using test::TemporaryFolder;
 
-QString variable(const Row& row, std::size_t column) {
-    const std::string& value = row.fields.at(column);
+QString variable(const Row& row, std::string_view column) {
+    const std::string& value = row[column];
     return value == "-" ? QString() : QString::fromStdString(value);
 }
 
@@ -27,10 +27,12 @@ class DisplayTest : public testing::TestWithParam<Row> {};
 
 TEST_P(DisplayTest, IsFoundByTheEnvironment) {
     const Row& row = GetParam();
-    EXPECT_EQ(hasDisplay({variable(row, 0), variable(row, 1), variable(row, 2)}), row.flag(3));
+    EXPECT_EQ(hasDisplay({variable(row, "DISPLAY"), variable(row, "WAYLAND_DISPLAY"),
+                          variable(row, "QT_QPA_PLATFORM")}),
+              row.flag("has a display"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, DisplayTest, testing::ValuesIn(test::readTable("display.tsv", 4)),
+INSTANTIATE_TEST_SUITE_P(Rows, DisplayTest, testing::ValuesIn(test::readTable("display.tsv")),
                          test::testName);
 
 TEST(Display, MayBeWaylands) {
@@ -75,28 +77,28 @@ class ClipboardRouteTest : public testing::TestWithParam<Row> {};
 
 TEST_P(ClipboardRouteTest, IsChosenByTheEnvironment) {
     const Row& row = GetParam();
-    EXPECT_EQ(nameOf(clipboardRoute({variable(row, 0), variable(row, 2), row.flag(1)})),
-              row.fields[3]);
+    EXPECT_EQ(nameOf(clipboardRoute({variable(row, "WAYLAND_DISPLAY"), variable(row, "DISPLAY"),
+                                     row.flag("wl-copy on the PATH")})),
+              row["route"]);
 }
 
 /// The same of the process's own environment, with and without a tool on its PATH.
 TEST_P(ClipboardRouteTest, IsChosenByTheProcessEnvironment) {
     const Row& row = GetParam();
     const TemporaryFolder folder;
-    if (row.flag(1))
+    if (row.flag("wl-copy on the PATH"))
         folder.make("wl-copy", "#!/bin/sh\n", 0755);
     const int route = test::inChild([&] {
         ::setenv("PATH", folder.path("").c_str(), 1);
-        ::setenv("WAYLAND_DISPLAY", variable(row, 0).toStdString().c_str(), 1);
-        ::setenv("DISPLAY", variable(row, 2).toStdString().c_str(), 1);
+        ::setenv("WAYLAND_DISPLAY", variable(row, "WAYLAND_DISPLAY").toStdString().c_str(), 1);
+        ::setenv("DISPLAY", variable(row, "DISPLAY").toStdString().c_str(), 1);
         return static_cast<int>(clipboardRoute());
     });
-    EXPECT_EQ(nameOf(static_cast<ClipboardRoute>(route)), row.fields[3]);
+    EXPECT_EQ(nameOf(static_cast<ClipboardRoute>(route)), row["route"]);
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, ClipboardRouteTest,
-                         testing::ValuesIn(test::readTable("clipboard_route.tsv", 4)),
-                         test::testName);
+                         testing::ValuesIn(test::readTable("clipboard_route.tsv")), test::testName);
 
 // Online ----------------------------------------------------------------------------------------
 
@@ -104,10 +106,11 @@ class OnlineTest : public testing::TestWithParam<Row> {};
 
 TEST_P(OnlineTest, IsFoundInTheRoutes) {
     const Row& row = GetParam();
-    EXPECT_EQ(hasDefaultRoute(row.fields[0], row.fields[1]), row.flag(2));
+    EXPECT_EQ(hasDefaultRoute(row["/proc/net/route"], row["/proc/net/ipv6_route"]),
+              row.flag("online"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, OnlineTest, testing::ValuesIn(test::readTable("online.tsv", 3)),
+INSTANTIATE_TEST_SUITE_P(Rows, OnlineTest, testing::ValuesIn(test::readTable("online.tsv")),
                          test::testName);
 
 TEST(Online, NetworkOfItsOwnHasNoWayOut) {

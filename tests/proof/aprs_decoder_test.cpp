@@ -15,11 +15,6 @@ namespace orbisgrid {
 
 namespace {
 
-struct Position {
-    double latitude = 0;
-    double longitude = 0;
-};
-
 /// A file that is gone with this object.
 class PacketFile {
 public:
@@ -81,9 +76,7 @@ TEST(AprsDecoder, ReadsAThousandPositionsAsTheyWereMeant) {
     std::string packets;
     for (int i = 0; i < 1000; ++i) {
         meant.push_back({random.between(-90, 90), random.between(-180, 180)});
-        packets +=
-            "N0CALL>APRS:" + toUtf8(compressedText(meant.back().longitude, meant.back().latitude)) +
-            "\n";
+        packets += "N0CALL>APRS:" + toUtf8(compressedText(meant.back())) + "\n";
     }
     const PacketFile file(packets);
     const test::ShellResult run = test::shell("decode_aprs <'" + file.path() + "' 2>&1");

@@ -47,7 +47,7 @@ TEST(CompressedCodes, EveryThousandthOfLatitude) {
     double mostSteps = 0;
     for (int thousandth = -90'000; thousandth <= 90'000; ++thousandth) {
         const double latitude = thousandth / 1000.0;
-        const Text text = compressedText(0, latitude);
+        const Text text = compressedText({latitude, 0});
         ASSERT_TRUE(hasItsForm(text)) << latitude;
         const double units = std::fabs(decodedLatitude(text) - latitude) * 380926;
         mostSteps = std::max(mostSteps, units / stepOf((90 - latitude) * 380926));
@@ -63,7 +63,7 @@ TEST(CompressedCodes, EveryThousandthOfLongitude) {
     double least = 1;
     for (int thousandth = -180'000; thousandth <= 180'000; ++thousandth) {
         const double longitude = thousandth / 1000.0;
-        const Text text = compressedText(longitude, 0);
+        const Text text = compressedText({0, longitude});
         ASSERT_TRUE(hasItsForm(text)) << longitude;
         const double units = (longitude - decodedLongitude(text)) * 190463;
         most = std::max(most, units);
@@ -86,12 +86,12 @@ TEST(CompressedCodes, HalfAUnitBeforeABorderOfTheFirstDigit) {
         const double latitude = 90 - (border * static_cast<double>(cube) - 0.5) / 380926;
         const auto Y = static_cast<double>(static_cast<float>((90 - latitude) * 380926));
         const bool isRoundedUp = std::nearbyint(Y) != std::floor(Y);
-        const double decoded = decodedLatitude(compressedText(0, latitude));
+        const double decoded = decodedLatitude(compressedText({latitude, 0}));
         const double units = (decoded - latitude) * 380926;
         EXPECT_NEAR(units, isRoundedUp ? cube - 0.5 : 0.5, 0.51) << border;
     }
     const double justBelow = 90 - (cube - 0.25) / 380926;
-    EXPECT_EQ(compressedText(0, justBelow).substr(2, 4), u"!!!!") << "as the pole itself";
+    EXPECT_EQ(compressedText({justBelow, 0}).substr(2, 4), u"!!!!") << "as the pole itself";
 }
 
 } // namespace

@@ -24,12 +24,12 @@ struct Reference {
 };
 
 /// Distance and azimuth in double precision, by the half-angle formula that is exact at every
-/// distance, on the same sphere. Longitudes count towards the west.
-Reference doubleGreatCircle(WestPositivePoint home, WestPositivePoint target) {
+/// distance, on the same sphere.
+Reference doubleGreatCircle(Position home, Position target) {
     constexpr double rad = std::numbers::pi / 180;
-    const double phi1 = home.lat * rad;
-    const double phi2 = target.lat * rad;
-    const double east = (static_cast<double>(home.lonW) - target.lonW) * rad;
+    const double phi1 = home.latitude * rad;
+    const double phi2 = target.latitude * rad;
+    const double east = (target.longitude - home.longitude) * rad;
     const double half = std::pow(std::sin((phi2 - phi1) / 2), 2) +
                         std::cos(phi1) * std::cos(phi2) * std::pow(std::sin(east / 2), 2);
     const double azimuth = std::atan2(std::sin(east) * std::cos(phi2),
@@ -76,7 +76,7 @@ struct Cells {
     int longitude = 0;
     int latitude = 0;
 
-    WestPositivePoint point() const {
+    Position point() const {
         return pointOf(*checkedHome(test::locatorOfSix(longitude, latitude)));
     }
 };
@@ -107,25 +107,26 @@ struct Totals {
     int wrongSamePoints = 0; ///< the same point, but not 0 km and azimuth 0
 };
 
-void prove(WestPositivePoint home, WestPositivePoint target, std::array<Band, 8>& table,
-           Totals& totals) {
+void prove(Position home, Position target, std::array<Band, 8>& table, Totals& totals) {
     const GreatCircle there = greatCircle(home, target);
     const GreatCircle back = greatCircle(target, home);
-    totals.asymmetric += there.dist == back.dist ? 0 : 1;
-    totals.outsideTheRose += there.az >= 0 && there.az < 360 ? 0 : 1;
-    totals.noNumber += std::isfinite(there.dist) && std::isfinite(there.az) ? 0 : 1;
+    totals.asymmetric += there.kilometres == back.kilometres ? 0 : 1;
+    totals.outsideTheRose += there.azimuth >= 0 && there.azimuth < 360 ? 0 : 1;
+    totals.noNumber += std::isfinite(there.kilometres) && std::isfinite(there.azimuth) ? 0 : 1;
     const Reference exact = doubleGreatCircle(home, target);
     totals.samePoints += exact.km == 0 ? 1 : 0;
-    totals.wrongSamePoints += exact.km == 0 && (there.dist != 0 || there.az != 0) ? 1 : 0;
+    totals.wrongSamePoints +=
+        exact.km == 0 && (there.kilometres != 0 || there.azimuth != 0) ? 1 : 0;
     if (exact.km == 0)
         return;
-    if (there.dist == 0 && exact.km > 9000) {
+    if (there.kilometres == 0 && exact.km > 9000) {
         ++totals.quarters;
         return;
     }
     for (Band& band : table) {
         if (exact.km < band.below) {
-            band.add(std::fabs(there.dist - exact.km), angleBetween(there.az, exact.azimuth));
+            band.add(std::fabs(there.kilometres - exact.km),
+                     angleBetween(there.azimuth, exact.azimuth));
             break;
         }
     }

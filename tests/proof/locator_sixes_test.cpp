@@ -87,8 +87,7 @@ void proveDecoders(const Text& locator, const Expected& lon, const Expected& lat
                    Tallies& tallies) {
     Text argument = locator;
     const LocatorPosition position = Maiden2World(argument);
-    tallies.decode.add(argument != locator || position.longitude != lon.single ||
-                           position.latitude != lat.single,
+    tallies.decode.add(argument != locator || position.position != Position{lat.single, lon.single},
                        locator);
     tallies.texts.add(!isText(position.LonText, lon.seven, lon.single < 0 ? u'W' : u'E') ||
                           !isText(position.LatText, lat.seven, lat.single < 0 ? u'S' : u'N'),
@@ -115,8 +114,7 @@ void proveCheck(const Text& locator, const Expected& lon, const Expected& lat, T
         !checked || upperCase(*checked) != locator || checkedTarget(locator) != checked, locator);
     if (!checked)
         return;
-    const WestPositivePoint point = pointOf(*checked);
-    tallies.point.add(-point.lonW != lon.single || point.lat != lat.single, locator);
+    tallies.point.add(pointOf(*checked) != Position{lat.single, lon.single}, locator);
 }
 
 class LocatorsOfSix : public testing::TestWithParam<int> {};

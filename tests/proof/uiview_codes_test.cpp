@@ -39,8 +39,8 @@ struct ReadBack {
 };
 
 /// The number goes the way that the panel sends it: seven digits, cut by the decimal box.
-std::optional<WholeDms> throughBox(TextBox box, float value) {
-    box.set(plainText(value));
+std::optional<WholeDms> throughBox(TextBox box, double value) {
+    box.set(plainText(static_cast<float>(value)));
     return WorldDMS(box.text());
 }
 
@@ -67,8 +67,9 @@ TEST(UIViewCodes, EveryLatitudeReadsBack) {
             const auto position = readUIViewText(text);
             ASSERT_TRUE(position);
             ASSERT_EQ(position->isSouth, letter == u"S") << toUtf8(text);
-            ASSERT_EQ(position->longitude, 4.0352778F) << toUtf8(text);
-            result.add(written, throughBox(Converter{}.txtDecLat, position->latitude), text);
+            ASSERT_EQ(position->position.longitude, 4.0352778F) << toUtf8(text);
+            result.add(written, throughBox(Converter{}.txtDecLat, position->position.latitude),
+                       text);
         }
     });
     EXPECT_EQ(result.texts, 91 * 60 * 61 * 2);
@@ -85,8 +86,9 @@ TEST(UIViewCodes, EveryLongitudeReadsBack) {
             const auto position = readUIViewText(text);
             ASSERT_TRUE(position);
             ASSERT_EQ(position->isWest, letter == u"W") << toUtf8(text);
-            ASSERT_EQ(position->latitude, 50.938057F) << toUtf8(text);
-            result.add(written, throughBox(Converter{}.txtDecLong, position->longitude), text);
+            ASSERT_EQ(position->position.latitude, 50.938057F) << toUtf8(text);
+            result.add(written, throughBox(Converter{}.txtDecLong, position->position.longitude),
+                       text);
         }
     });
     EXPECT_EQ(result.texts, 181 * 60 * 61 * 2);

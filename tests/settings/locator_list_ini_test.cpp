@@ -1,5 +1,5 @@
 #include "settings/locator_list_ini.h"
-#include "tests/settings/ini_text.h"
+#include "tests/support/ini_text.h"
 #include "tests/support/table.h"
 
 #include <algorithm>
@@ -22,17 +22,17 @@ class IniNumberFieldTest : public testing::TestWithParam<Row> {};
 TEST_P(IniNumberFieldTest, IsReadInItsType) {
     const Row& row = GetParam();
     IniText text;
-    text.stayOnTop = text.noCheck = text.left = row.fields[0];
+    text.stayOnTop = text.noCheck = text.left = row["line"];
     text.top = " 77 ";
     const LocatorListIni ini = readLocatorListIni(text.bytes());
-    EXPECT_EQ(ini.StayOnTop, row.number(1));
-    EXPECT_EQ(ini.NoCheckWebUpdates, row.number(2));
-    EXPECT_EQ(ini.savedLeft, row.number(2));
+    EXPECT_EQ(ini.StayOnTop, row.number("16 bits"));
+    EXPECT_EQ(ini.NoCheckWebUpdates, row.number("32 bits"));
+    EXPECT_EQ(ini.savedLeft, row.number("32 bits"));
     EXPECT_EQ(ini.savedTop, 77) << "the value behind is read from its own line";
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, IniNumberFieldTest,
-                         testing::ValuesIn(test::readTable("ini_number_fields.tsv", 3)),
+                         testing::ValuesIn(test::readTable("ini_number_fields.tsv")),
                          test::testName);
 
 TEST(IniField, ByteOfAnotherCodePageEndsTheNumber) {
@@ -144,26 +144,26 @@ std::string joined(const std::vector<Text>& entries) {
 TEST_P(IniListTest, IsReadAndSaved) {
     const Row& row = GetParam();
     IniText text;
-    text.homeLines = row.fields[0];
+    text.homeLines = row["lines"];
     LocatorListIni ini = readLocatorListIni(text.bytes());
-    EXPECT_EQ(ini.homeList.size(), row.number(1));
-    EXPECT_EQ(joined(ini.homeList), row.fields[2]);
-    EXPECT_EQ(joined(readLocatorListIni(writeLocatorListIni(ini, {})).homeList), row.fields[3]);
+    EXPECT_EQ(ini.homeList.size(), row.number("count"));
+    EXPECT_EQ(joined(ini.homeList), row["entries"]);
+    EXPECT_EQ(joined(readLocatorListIni(writeLocatorListIni(ini, {})).homeList),
+              row["entries after a save"]);
 }
 
 /// The same lines in the place of the other list; a terminator among them ends it as well.
 TEST_P(IniListTest, IsReadAsTargetListToo) {
     const Row& row = GetParam();
     IniText text;
-    text.targetLines = row.fields[0];
+    text.targetLines = row["lines"];
     const LocatorListIni ini = readLocatorListIni(text.bytes());
-    EXPECT_EQ(joined(ini.targetList), row.fields[2]);
+    EXPECT_EQ(joined(ini.targetList), row["entries"]);
     EXPECT_TRUE(ini.homeList.empty());
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, IniListTest,
-                         testing::ValuesIn(test::readTable("ini_list_lines.tsv", 4)),
-                         test::testName);
+                         testing::ValuesIn(test::readTable("ini_list_lines.tsv")), test::testName);
 
 class IniListLengthTest : public testing::TestWithParam<std::size_t> {};
 

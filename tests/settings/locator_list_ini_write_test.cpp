@@ -1,5 +1,5 @@
 #include "settings/locator_list_ini.h"
-#include "tests/settings/ini_text.h"
+#include "tests/support/ini_text.h"
 #include "tests/support/table.h"
 
 namespace orbisgrid {
@@ -74,18 +74,16 @@ class IniTitleNoteTest : public testing::TestWithParam<Row> {};
 TEST_P(IniTitleNoteTest, IsShownAndSaved) {
     const Row& row = GetParam();
     IniText text;
-    text.titleNote = row.fields[0];
-    LocatorListIni ini = readLocatorListIni(text.bytes());
+    text.titleNote = row["line 2"];
+    const LocatorListIni ini = readLocatorListIni(text.bytes());
     const std::optional<Text> note = captionNote(ini.TitleNote);
-    EXPECT_EQ(note ? toUtf8(*note) : "none", row.fields[1]);
+    EXPECT_EQ(note ? toUtf8(*note) : "none", row["caption"]);
     const std::string bytes = writeLocatorListIni(ini, window);
-    EXPECT_EQ(ini.TitleNote, row.fields[2]);
-    EXPECT_EQ(readLocatorListIni(bytes).TitleNote, row.fields[2]);
+    EXPECT_EQ(readLocatorListIni(bytes).TitleNote, row["saved as"]);
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, IniTitleNoteTest,
-                         testing::ValuesIn(test::readTable("ini_title_note.tsv", 3)),
-                         test::testName);
+                         testing::ValuesIn(test::readTable("ini_title_note.tsv")), test::testName);
 
 TEST(IniTitleNote, BytesGoThroughWhateverTheirEncoding) {
     std::string note(";\0\xC3\x28\xFF\r ", 7);

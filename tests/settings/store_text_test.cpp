@@ -11,39 +11,38 @@ class StoredValueTest : public testing::TestWithParam<Row> {};
 
 TEST_P(StoredValueTest, ResolvesEscapes) {
     const Row& row = GetParam();
-    const std::optional<Text> value = storedValue(row.fields[0], u"Path");
-    EXPECT_EQ(value ? toUtf8(*value) : "-", row.fields[1]);
+    const std::optional<Text> value = storedValue(row["content"], u"Path");
+    EXPECT_EQ(value ? toUtf8(*value) : "-", row["value"]);
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, StoredValueTest,
-                         testing::ValuesIn(test::readTable("store_value.tsv", 2)), test::testName);
+                         testing::ValuesIn(test::readTable("store_value.tsv")), test::testName);
 
 class WithStoredValuesTest : public testing::TestWithParam<Row> {};
 
 TEST_P(WithStoredValuesTest, ChangesNothingElse) {
     const Row& row = GetParam();
-    const std::string changed = withStoredValues(row.fields[0], {{u"UseCounter", u"8"}});
-    EXPECT_EQ(changed, row.fields[1]);
+    const std::string changed = withStoredValues(row["before"], {{u"UseCounter", u"8"}});
+    EXPECT_EQ(changed, row["afterwards"]);
     EXPECT_EQ(withStoredValues(changed, {{u"UseCounter", u"8"}}), changed);
     EXPECT_EQ(storedValue(changed, u"UseCounter"), u"8");
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, WithStoredValuesTest,
-                         testing::ValuesIn(test::readTable("store_text.tsv", 2)), test::testName);
+                         testing::ValuesIn(test::readTable("store_text.tsv")), test::testName);
 
 class WrittenValueTest : public testing::TestWithParam<Row> {};
 
 TEST_P(WrittenValueTest, IsEscapedAndReadBack) {
     const Row& row = GetParam();
-    const Text value = fromUtf8(row.fields[0]);
+    const Text value = fromUtf8(row["value"]);
     const std::string content = withStoredValues("", {{u"Path", value}});
-    EXPECT_EQ(content, "[Orbisgrid]\nPath=" + row.fields[1] + "\n");
+    EXPECT_EQ(content, "[Orbisgrid]\nPath=" + row["written"] + "\n");
     EXPECT_EQ(storedValue(content, u"Path"), value);
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, WrittenValueTest,
-                         testing::ValuesIn(test::readTable("store_written.tsv", 2)),
-                         test::testName);
+                         testing::ValuesIn(test::readTable("store_written.tsv")), test::testName);
 
 /// A folder's name may hold anything; half a pair is no character and is written as such.
 TEST(WithStoredValues, WritesAHighSurrogateWithoutItsPartner) {

@@ -57,8 +57,7 @@ bool isWrite(Number call) {
     return call == SYS_write || call == SYS_pwrite64;
 }
 
-/// Whether this fault is for this call. A descriptor is closed whatever close() says, so that no
-/// rights cannot be its answer; the others can.
+/// Whether this call can fail in this way.
 bool concerns(Fault fault, Number call) {
 #ifdef __SANITIZE_ADDRESS__
     if (call == SYS_write) // the sanitizer's own, to see whether memory is there; a save has none

@@ -59,20 +59,84 @@ std::vector<std::string> split(const std::string& line) {
 
 } // namespace
 
-Text Row::text(std::size_t column) const {
-    return fromUtf8(fields.at(column));
+/// Reads a table line by line and refuses what a hand that edits it may get wrong.
+class TableReader {
+public:
+    explicit TableReader(std::string name)
+        : m_name(std::move(name)) {}
+
+    std::vector<Row> rows(const std::string& content) {
+        std::istringstream stream(content);
+        std::string line;
+        for (int number = 1; std::getline(stream, line); ++number) {
+            if (line.empty() || line.starts_with('#'))
+                continue;
+            const std::string place = m_name + ":" + std::to_string(number);
+            if (m_columns.empty())
+                readHeader(split(line), place);
+            else
+                readRow(split(line), place);
+        }
+        if (m_rows.empty())
+            fail(m_name, "no rows");
+        return std::move(m_rows);
+    }
+
+private:
+    void readHeader(std::vector<std::string> columns, const std::string& place) {
+        if (columns.front() != "name" || columns.size() < 2)
+            fail(place, "a header begins with the column \"name\"");
+        const std::set<std::string> different(columns.begin(), columns.end());
+        if (different.size() != columns.size() || different.contains(""))
+            fail(place, "an empty or repeated column");
+        m_columns = std::move(columns);
+    }
+
+    void readRow(const std::vector<std::string>& parts, const std::string& place) {
+        if (parts.size() != m_columns.size())
+            fail(place, std::to_string(parts.size()) + " columns, not " +
+                            std::to_string(m_columns.size()));
+        Row row;
+        row.name = parts.front();
+        row.place = place;
+        if (row.name.empty() || !m_names.insert(row.name).second)
+            fail(place, "empty or repeated name: " + row.name);
+        for (std::size_t i = 1; i < parts.size(); ++i)
+            row.m_fields.emplace(m_columns[i], field(parts[i], place));
+        if (const auto [same, isNew] = m_contents.emplace(row.m_fields, row.name); !isNew)
+            fail(place, "the same row as: " + same->second);
+        m_rows.push_back(std::move(row));
+    }
+
+    std::string m_name;
+    std::vector<std::string> m_columns; ///< empty until the header has been read
+    std::set<std::string> m_names;
+    std::map<std::map<std::string, std::string, std::less<>>, std::string> m_contents;
+    std::vector<Row> m_rows;
+};
+
+const std::string& Row::operator[](std::string_view column) const {
+    const auto found = m_fields.find(column);
+    if (found == m_fields.end())
+        fail(place, "no such column: " + std::string(column));
+    return found->second;
 }
 
-double Row::number(std::size_t column) const {
+Text Row::text(std::string_view column) const {
+    return fromUtf8((*this)[column]);
+}
+
+double Row::number(std::string_view column) const {
+    const std::string& value = (*this)[column];
     std::size_t used = 0;
-    const double value = std::stod(fields.at(column), &used);
-    if (used != fields.at(column).size())
-        fail(place, "no number: " + fields.at(column));
-    return value;
+    const double number = std::stod(value, &used);
+    if (used != value.size())
+        fail(place, "no number: " + value);
+    return number;
 }
 
-bool Row::flag(std::size_t column) const {
-    const std::string& value = fields.at(column);
+bool Row::flag(std::string_view column) const {
+    const std::string& value = (*this)[column];
     if (value != "yes" && value != "no")
         fail(place, "neither yes nor no: " + value);
     return value == "yes";
@@ -82,39 +146,17 @@ std::ostream& operator<<(std::ostream& stream, const Row& row) {
     return stream << row.place << ": " << row.name;
 }
 
-std::vector<Row> readTableText(const std::string& content, const std::string& name,
-                               std::size_t columns) {
-    std::vector<Row> rows;
-    std::set<std::string> names;
-    std::istringstream stream(content);
-    std::string line;
-    for (int number = 1; std::getline(stream, line); ++number) {
-        if (line.empty() || line.starts_with('#'))
-            continue;
-        const std::string place = name + ":" + std::to_string(number);
-        std::vector<std::string> parts = split(line);
-        if (parts.size() != columns + 1)
-            fail(place,
-                 std::to_string(parts.size()) + " columns, not " + std::to_string(columns + 1));
-        Row row{parts.front(), {}, place};
-        if (row.name.empty() || !names.insert(row.name).second)
-            fail(place, "empty or repeated name: " + row.name);
-        for (std::size_t i = 1; i < parts.size(); ++i)
-            row.fields.push_back(field(parts[i], place));
-        rows.push_back(std::move(row));
-    }
-    if (rows.empty())
-        fail(name, "no rows");
-    return rows;
+std::vector<Row> readTableText(const std::string& content, const std::string& name) {
+    return TableReader(name).rows(content);
 }
 
-std::vector<Row> readTable(const std::string& fileName, std::size_t columns) {
+std::vector<Row> readTable(const std::string& fileName) {
     std::ifstream file(std::string(ORBISGRID_TEST_DATA) + "/" + fileName, std::ios::binary);
     if (!file)
         fail(fileName, "cannot be read");
     std::ostringstream content;
     content << file.rdbuf();
-    return readTableText(content.str(), fileName, columns);
+    return readTableText(content.str(), fileName);
 }
 
 std::string testName(const testing::TestParamInfo<Row>& info) {

@@ -1,4 +1,4 @@
-#include "tests/support/table.h"
+#include "tests/support/window_actions.h"
 #include "tests/ui/main_window_fixture.h"
 #include "ui/qt_text.h"
 
@@ -17,27 +17,6 @@ QString clipboardText() {
 
 void setClipboard(const char* text) {
     QGuiApplication::clipboard()->setText(QString::fromUtf8(text));
-}
-
-/// What the rows call the panels, as the objectNames of boxes and OK button.
-struct PanelControls {
-    std::vector<const char*> boxes;
-    const char* ok;
-};
-
-PanelControls controlsOf(QChar panel) {
-    switch (panel.unicode()) {
-    case u'L':
-        return {{"txtLocator"}, "cmdOKLocator"};
-    case u'D':
-        return {{"txtDecLat", "txtDecLong"}, "cmdOKDecimal"};
-    case u'M':
-        return {{"txtlatdms_0", "txtlatdms_1", "txtlatdms_2", "cmbDmsNS", "txtlondms_0",
-                 "txtlondms_1", "txtlondms_2", "cmbDmsWE"},
-                "cmdOkDMS"};
-    default:
-        return {{"txtUIView"}, "cmdOkUIView"};
-    }
 }
 
 } // namespace
@@ -127,30 +106,27 @@ private Q_SLOTS:
     }
 
     void chains_data() {
-        QTest::addColumn<QStringList>("fields");
-        for (const test::Row& row : test::readTable("converter_chains.tsv", 9)) {
-            QStringList fields;
-            for (const std::string& field : row.fields)
-                fields.append(QString::fromStdString(field));
-            QTest::newRow(row.name.c_str()) << fields;
-        }
+        QTest::addColumn<std::shared_ptr<test::Row>>("row");
+        for (const test::Row& row : test::readTable("converter_chains.tsv"))
+            QTest::newRow(row.name.c_str()) << std::make_shared<test::Row>(row);
     }
 
     /// The rows of the panels' own test, this time typed into the boxes and started with the
     /// buttons.
     void chains() {
-        QFETCH(const QStringList, fields);
+        QFETCH(const std::shared_ptr<test::Row>, row);
         m_main->open();
-        announceMessages(fields.at(0), fields.at(1).toInt());
-        for (const QString& action : fields.at(0).split(QStringLiteral(" | ")))
-            act(action);
-        QCOMPARE(m_main->text("txtLocator"), fields.at(2));
-        QCOMPARE(m_main->text("txtDecLat"), fields.at(3));
-        QCOMPARE(m_main->text("txtDecLong"), fields.at(4));
-        QCOMPARE(shownDms("txtlatdms", "cmbDmsNS"), fields.at(5));
-        QCOMPARE(shownDms("txtlondms", "cmbDmsWE"), fields.at(6));
-        QCOMPARE(m_main->text("txtUIView"), fields.at(7));
-        QCOMPARE(m_main->text("lblCompressed"), fields.at(8));
+        announceMessage(*row);
+        for (const test::PanelAction& action : test::actionsOf(row->text("actions")))
+            test::act(m_main->window(), action);
+        const auto field = [&](const char* column) { return toQString(row->text(column)); };
+        QCOMPARE(m_main->text("txtLocator"), field("txtLocator"));
+        QCOMPARE(m_main->text("txtDecLat"), field("txtDecLat"));
+        QCOMPARE(m_main->text("txtDecLong"), field("txtDecLong"));
+        QCOMPARE(shownDms("txtlatdms", "cmbDmsNS"), field("lat dms"));
+        QCOMPARE(shownDms("txtlondms", "cmbDmsWE"), field("lon dms"));
+        QCOMPARE(m_main->text("txtUIView"), field("txtUIView"));
+        QCOMPARE(m_main->text("lblCompressed"), field("lblCompressed"));
     }
 
     void messages() {
@@ -384,47 +360,14 @@ private Q_SLOTS:
     }
 
 private:
-    void act(const QString& action) {
-        const PanelControls controls = controlsOf(action.front());
-        const QStringList typed = action.mid(2).split(u';');
-        for (std::size_t i = 0; i < controls.boxes.size(); ++i)
-            fill(controls.boxes[i], typed.at(static_cast<qsizetype>(i)));
-        m_main->click(controls.ok);
+    void announceMessage(const test::Row& row) {
+        if (const auto message = test::expectedMessage(row))
+            m_main->watchdog().expectMessageBox(toQString(message->text), titleOf(*message),
+                                                test::messageBoxIcon(message->icon));
     }
 
-    void fill(const char* name, const QString& text) {
-        auto& control = m_main->child<QWidget>(QString::fromLatin1(name));
-        if (auto* list = qobject_cast<QComboBox*>(&control))
-            list->setCurrentText(text);
-        else
-            m_main->edit(name).setText(text.left(m_main->edit(name).maxLength()));
-    }
-
-    /// The rows count messages; which one it is follows from the panel of the last action.
-    void announceMessages(const QString& actions, int count) {
-        if (count == 0)
-            return;
-        const QString last = actions.split(QStringLiteral(" | ")).last();
-        const QString title = QStringLiteral("Orbisgrid");
-        auto& watchdog = m_main->watchdog();
-        const QString couldNot =
-            QStringLiteral("Could not calculate/convert locator. Please check the input fields "
-                           "for correct values.");
-        if (last.startsWith(u'D')) {
-            watchdog.expectMessageBox(QStringLiteral("Invalid entry"), title, QMessageBox::NoIcon);
-        } else if (last.startsWith(u'M')) {
-            const bool isLatitude = !last.startsWith(QStringLiteral("M 50;"));
-            watchdog.expectMessageBox(isLatitude ? couldNot + u' ' : couldNot, title,
-                                      QMessageBox::NoIcon);
-        } else if (last.mid(2).trimmed().size() < 4) {
-            watchdog.expectMessageBox(
-                QStringLiteral("A Maidenhead locator needs at least 4 characters. Examples: "
-                               "JO20, FN10, JO20AW..."),
-                QStringLiteral("Input error"), QMessageBox::Warning);
-        } else {
-            watchdog.expectMessageBox(QStringLiteral("Locator has an invalid format."),
-                                      QStringLiteral("Invalid Locator"), QMessageBox::Information);
-        }
+    static QString titleOf(const Message& message) {
+        return message.title.empty() ? QStringLiteral("Orbisgrid") : toQString(message.title);
     }
 
     QString shownDms(const char* boxes, const char* list) {

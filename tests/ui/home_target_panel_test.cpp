@@ -266,9 +266,9 @@ private Q_SLOTS:
     }
 
     void choosingAnItemFillsTheBoxAndCalculatesNothing() {
-        test::IniContent ini;
-        ini.homeList = QStringLiteral("JO20AW,FN42AA");
-        m_main->open(ini.bytes());
+        test::IniText ini;
+        ini.homeLines = test::listLines("JO20AW,FN42AA");
+        m_main->open(ini);
         QComboBox& list = m_main->list("cmbHome");
         QCOMPARE(list.currentIndex(), -1);
         list.setFocus();
@@ -280,11 +280,11 @@ private Q_SLOTS:
     }
 
     void clearingAListAsksFirst() {
-        test::IniContent ini;
-        ini.homeList = QStringLiteral("JO20AW,FN42AA");
-        ini.targetList = QStringLiteral("JN00AA");
-        ini.defaultHome = QStringLiteral("JO20");
-        m_main->open(ini.bytes());
+        test::IniText ini;
+        ini.homeLines = test::listLines("JO20AW,FN42AA");
+        ini.targetLines = test::listLines("JN00AA");
+        ini.defaultHome = "JO20";
+        m_main->open(ini);
         const auto question = QStringLiteral("Do you want to clear the contents of the Home list?");
         m_main->watchdog().expectMessageBox(question, QStringLiteral("Clear Home"),
                                             QMessageBox::Question, QMessageBox::No);
@@ -307,9 +307,9 @@ private Q_SLOTS:
     }
 
     void removingAnItemDoesNotAsk() {
-        test::IniContent ini;
-        ini.targetList = QStringLiteral("JO20AW,FN42AA");
-        m_main->open(ini.bytes());
+        test::IniText ini;
+        ini.targetLines = test::listLines("JO20AW,FN42AA");
+        m_main->open(ini);
         m_main->click("cmdClear1Item_1");
         QCOMPARE(m_main->list("cmbTarget").count(), 2);
         QComboBox& list = m_main->list("cmbTarget");

@@ -42,14 +42,14 @@ private Q_SLOTS:
     }
 
     void theFileFillsTheWindow() {
-        test::IniContent ini;
-        ini.titleNote = QStringLiteral(";  Zürich");
-        ini.defaultHome = QStringLiteral("JO20AW");
-        ini.defaultTarget = QStringLiteral("fn42");
-        ini.stayOnTop = QStringLiteral(" 1 ");
-        ini.homeList = QStringLiteral("JO20AW,   ,FN42AA");
-        ini.targetList = QStringLiteral("KN51AA");
-        m_main->open(ini.bytes());
+        test::IniText ini;
+        ini.titleNote = ";  Zürich";
+        ini.defaultHome = "JO20AW";
+        ini.defaultTarget = "fn42";
+        ini.stayOnTop = " 1 ";
+        ini.homeLines = test::listLines("JO20AW,   ,FN42AA");
+        ini.targetLines = test::listLines("KN51AA");
+        m_main->open(ini);
         QCOMPARE(m_main->window().windowTitle(), QStringLiteral("Orbisgrid -   Zürich"));
         QCOMPARE(m_main->text("txtHome"), QStringLiteral("JO20AW"));
         QCOMPARE(m_main->text("txtTarget"), QStringLiteral("fn42"));
@@ -68,17 +68,17 @@ private Q_SLOTS:
     }
 
     void theFocusIsInHomeAtTheStart() {
-        test::IniContent ini;
+        test::IniText ini;
         QFETCH(const QString, stayOnTop);
-        ini.stayOnTop = stayOnTop;
-        m_main->open(ini.bytes());
+        ini.stayOnTop = stayOnTop.toStdString();
+        m_main->open(ini);
         QCOMPARE(m_main->focus(), QStringLiteral("txtHome"));
     }
 
     void onlyOneSetsStayOnTop() {
-        test::IniContent ini;
-        ini.stayOnTop = QStringLiteral("-1 ");
-        m_main->open(ini.bytes());
+        test::IniText ini;
+        ini.stayOnTop = "-1 ";
+        m_main->open(ini);
         QVERIFY(!m_main->child<QCheckBox>(QStringLiteral("chkOnTop")).isChecked());
     }
 
@@ -113,10 +113,10 @@ private Q_SLOTS:
     }
 
     void aPositionIsLeftAloneUnlessRemembered() {
-        test::IniContent ini;
-        ini.left = QStringLiteral(" 1500 ");
-        ini.top = QStringLiteral(" 750 ");
-        m_main->open(ini.bytes());
+        test::IniText ini;
+        ini.left = " 1500 ";
+        ini.top = " 750 ";
+        m_main->open(ini);
         QVERIFY(m_main->window().pos() != QPoint(100, 50));
     }
 
@@ -153,9 +153,9 @@ private Q_SLOTS:
         QFETCH(const bool, opens);
         setCounter(count);
         m_main->setOnline(online);
-        test::IniContent ini;
-        ini.noCheckWebUpdates = noCheck;
-        m_main->open(ini.bytes());
+        test::IniText ini;
+        ini.noCheck = noCheck.toStdString();
+        m_main->open(ini);
         QCOMPARE(counter(), QString::number(count.toInt() + 1));
         if (opens)
             QCOMPARE(m_main->box().takeOpenedAddress(),
@@ -165,7 +165,8 @@ private Q_SLOTS:
 
     void theStartThatOpensTheHomePageIsCountedBefore() {
         setCounter(QStringLiteral("20"));
-        m_main->box().writeProgramFile(QStringLiteral("Orbisgrid.ini"), test::IniContent().bytes());
+        m_main->box().writeProgramFile(QStringLiteral("Orbisgrid.ini"),
+                                       QByteArray::fromStdString(test::IniText().bytes()));
         PerUserStore store(settingsPath());
         DesktopToolRegistry registry;
         LocatorConverter window(
@@ -189,19 +190,19 @@ private Q_SLOTS:
         QFETCH(const QString, noCheck);
         QFETCH(const bool, visible);
         m_main->setOnline(online);
-        test::IniContent ini;
-        ini.noCheckWebUpdates = noCheck;
-        m_main->open(ini.bytes());
+        test::IniText ini;
+        ini.noCheck = noCheck.toStdString();
+        m_main->open(ini);
         QCOMPARE(m_main->button("cmdShowMapURL").isVisible(), visible);
     }
 
     // End -----------------------------------------------------------------------------------
 
     void closingWritesTheFile() {
-        test::IniContent ini;
-        ini.titleNote = QStringLiteral(";  my station");
-        ini.noCheckWebUpdates = QStringLiteral(" 7 ");
-        m_main->open(ini.bytes());
+        test::IniText ini;
+        ini.titleNote = ";  my station";
+        ini.noCheck = " 7 ";
+        m_main->open(ini);
         m_main->type("txtHome", QStringLiteral("JO20AW"));
         m_main->type("txtTarget", QStringLiteral("FN42AA"));
         m_main->click("cmdCalculateDistDir");
@@ -420,9 +421,9 @@ private Q_SLOTS:
     }
 
     void theWheelDoesNotChangeAListItPassesOver() {
-        test::IniContent ini;
-        ini.homeList = QStringLiteral("JO20AW,FN42AA");
-        m_main->open(ini.bytes());
+        test::IniText ini;
+        ini.homeLines = test::listLines("JO20AW,FN42AA");
+        m_main->open(ini);
         m_main->type("txtHome", QStringLiteral("KN51"));
         QComboBox& list = m_main->list("cmbHome");
         QWheelEvent wheel(list.rect().center(), list.mapToGlobal(list.rect().center()), {},
@@ -465,12 +466,12 @@ private Q_SLOTS:
     }
 
 private:
-    QByteArray iniWithPosition() const {
-        test::IniContent ini;
-        ini.rememberPosition = fetched("remember");
-        ini.left = fetched("left");
-        ini.top = fetched("top");
-        return ini.bytes();
+    test::IniText iniWithPosition() const {
+        test::IniText ini;
+        ini.remember = fetched("remember").toStdString();
+        ini.left = fetched("left").toStdString();
+        ini.top = fetched("top").toStdString();
+        return ini;
     }
 
     static QString fetched(const char* column) {

@@ -6,33 +6,11 @@
 
 namespace orbisgrid::test {
 
-QByteArray emptyIni() {
-    return IniContent{}.bytes();
-}
-
-QByteArray IniContent::bytes() const {
-    QStringList lines{QStringLiteral(";Orbisgrid"),       titleNote,
-                      QStringLiteral("[Default home]"),   defaultHome,
-                      QStringLiteral("[Default Target]"), defaultTarget,
-                      QStringLiteral("[StayonTop]"),      stayOnTop,
-                      QStringLiteral("[Home data]")};
-    lines += homeList.split(u',', Qt::SkipEmptyParts);
-    lines += {QStringLiteral("[**end**]"), QStringLiteral("[Target data]")};
-    lines += targetList.split(u',', Qt::SkipEmptyParts);
-    lines += {QStringLiteral("[**end**]"),
-              QStringLiteral("[NoCheckWebUpdates]"),
-              noCheckWebUpdates,
-              QStringLiteral("[RememberPosition]"),
-              rememberPosition,
-              QStringLiteral("[Left]"),
-              left,
-              QStringLiteral("[Top]"),
-              top,
-              QString()};
-    return lines.join(QStringLiteral("\r\n")).toUtf8();
-}
-
 MainWindow::MainWindow() = default;
+
+void MainWindow::open(const IniText& ini) {
+    open(QByteArray::fromStdString(ini.bytes()));
+}
 
 void MainWindow::open(const QByteArray& ini) {
     m_box.writeProgramFile(QStringLiteral("Orbisgrid.ini"), ini);

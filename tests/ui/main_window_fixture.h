@@ -2,6 +2,7 @@
 
 #include "platform/per_user_store.h"
 #include "tests/support/dialog_watchdog.h"
+#include "tests/support/ini_text.h"
 #include "tests/support/sealed_box.h"
 #include "ui/desktop_tool_registry.h"
 #include "ui/locator_converter.h"
@@ -16,23 +17,6 @@
 
 namespace orbisgrid::test {
 
-/// The INI file as it is delivered: empty lists, no defaults.
-QByteArray emptyIni();
-
-/// An INI file with these lines in the place of the delivered ones. Lists are comma-separated.
-struct IniContent {
-    QString titleNote = QStringLiteral(";");
-    QString defaultHome, defaultTarget;
-    QString stayOnTop = QStringLiteral(" 0 ");
-    QString homeList, targetList;
-    QString noCheckWebUpdates = QStringLiteral(" 0 ");
-    QString rememberPosition = QStringLiteral(" 0 ");
-    QString left = QStringLiteral(" 0 ");
-    QString top = QStringLiteral(" 0 ");
-
-    QByteArray bytes() const;
-};
-
 /// The main window in a sealed box: own program folder with an INI file, own settings file, no
 /// network of the machine's, and a watchdog over message boxes. Nothing is opened until `open`.
 class MainWindow {
@@ -46,7 +30,8 @@ public:
     void setOnline(bool isOnline) { m_isOnline = isOnline; }
 
     /// Starts the window as the program does and shows it.
-    void open(const QByteArray& ini = emptyIni());
+    void open(const IniText& ini = {});
+    void open(const QByteArray& ini);
 
     LocatorConverter& window() { return *m_window; }
 

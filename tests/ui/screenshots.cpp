@@ -55,9 +55,9 @@ int main(int argc, char** argv) {
     }
 
     test::MainWindow main;
-    test::IniContent ini;
-    ini.homeList = QStringLiteral("JO20AW,JO21AA");
-    main.open(ini.bytes());
+    test::IniText ini;
+    ini.homeLines = test::listLines("JO20AW,JO21AA");
+    main.open(ini);
     if (const QStringList size = arguments.value(4).split(u'x'); size.size() == 2)
         main.window().resize(size[0].toInt(), size[1].toInt());
     save(main.window(), folder + QStringLiteral("/main-empty-") + look + QStringLiteral(".png"));
