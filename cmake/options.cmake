@@ -5,6 +5,11 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 target_include_directories(orbisgrid_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(orbisgrid_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+  -Wold-style-cast -Wcast-qual -Woverloaded-virtual -Wnon-virtual-dtor
+  # What the second compiler sees beyond that: code that is never reached, a comma where a semicolon
+  # was meant, a loop that copies, a variable that one path leaves without a value.
+  "$<$<CXX_COMPILER_ID:Clang>:-Wunreachable-code;-Wcomma;-Wloop-analysis;-Wextra-semi>"
+  "$<$<CXX_COMPILER_ID:Clang>:-Wconditional-uninitialized;-Winconsistent-missing-destructor-override>"
   # A fused multiply-add rounds once where the program rounds twice: with it the last digit shown
   # would depend on the processor. For the same reason -ffast-math must never be added.
   -ffp-contract=off
