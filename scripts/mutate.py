@@ -16,17 +16,17 @@ changes of all rooms at least 95 of 100 are killed.
 import argparse
 import concurrent.futures
 import functools
+import json
 import pathlib
 import re
+import shlex
 import subprocess
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build-mutation"
 ROOMS = ["core", "geodesy", "aprs", "settings", "panels"]
-COMPILER = ["g++", "-std=c++20", "-O1", "-ffp-contract=off", "-w", f"-I{ROOT}",
-            f'-DORBISGRID_TEST_DATA="{ROOT}/tests/data"', f'-DORBISGRID_SOURCE="{ROOT}"']
-SUPPORT = ["tests/support/main.cpp", "tests/support/table.cpp"]
+SUPPORT = ["tests/support/main.cpp", "tests/support/panel_actions.cpp", "tests/support/table.cpp"]
 SECONDS = 20  # the slowest of these programs takes two
 
 # The programs that look at a room, the quickest first.
@@ -106,11 +106,36 @@ def run(command, **options):
                           **options).returncode
 
 
-def compiled(source, target, headers=ROOT):
-    """Compiles a source that takes its headers from `headers`, or from the tree if not there."""
+@functools.cache
+def commands():
+    """How ./test compiles each source."""
+    subprocess.run(["cmake", "--preset", "test"], cwd=ROOT, stdout=subprocess.DEVNULL, check=True)
+    listed = json.loads((ROOT / "build-test" / "compile_commands.json").read_text(encoding="utf-8"))
+    return {entry["file"]: shlex.split(entry["command"]) for entry in listed}
+
+
+@functools.cache
+def compiler(path):
+    """The compiler and its options for a source, as ./test has them; but a change is compiled once
+    and run for seconds, so it is optimised less, and nobody reads its warnings."""
+    command = commands()[str(ROOT / path)]
+    compiler_at = next(i for i, word in enumerate(command) if re.search(r"(g|c|clang)\+\+$", word))
+    words = iter(command[compiler_at:])
+    options = []
+    for word in words:
+        if word in ("-o", "-c", "-MT", "-MF"):
+            next(words)
+        elif word not in ("-MD", "-Werror"):
+            options.append(re.sub(r"^-O[23]$", "-O1", word))
+    return options + ["-w"]
+
+
+def compiled(source, target, path, headers=ROOT):
+    """Compiles a source with the options of `path`; it takes its headers from `headers`, or from the
+    tree if not there."""
     target.parent.mkdir(parents=True, exist_ok=True)
-    return run([COMPILER[0], f"-I{headers}", *COMPILER[1:], "-c", str(source), "-o",
-                str(target)]) == 0
+    first, *options = compiler(path)
+    return run([first, f"-I{headers}", *options, "-c", str(source), "-o", str(target)]) == 0
 
 
 def object_of(path):
@@ -124,7 +149,7 @@ def expanded(patterns):
 @functools.cache
 def headers_of(path):
     """The headers of ours that a source reads, and those that they read."""
-    listed = subprocess.run(COMPILER + ["-MM", str(ROOT / path)], stdout=subprocess.PIPE, check=True,
+    listed = subprocess.run(compiler(path) + ["-MM", str(ROOT / path)], stdout=subprocess.PIPE, check=True,
                             text=True).stdout
     return {str(pathlib.Path(word).relative_to(ROOT)) for word in listed.split()
             if word.startswith(f"{ROOT}/")}
@@ -137,7 +162,7 @@ def prepare(rooms, jobs):
         for patterns in PROGRAMS[room]:
             sources |= set(expanded(patterns))
     with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
-        if not all(pool.map(lambda path: compiled(ROOT / path, object_of(path)), sorted(sources))):
+        if not all(pool.map(lambda path: compiled(ROOT / path, object_of(path), path), sorted(sources))):
             return False
         return not any(pool.map(
             lambda room: is_noticed(room, lambda path: None, BUILD / f"check-{room}"), rooms))
@@ -182,7 +207,7 @@ def outcome(number, path, text, change):
                 objects[used] = None
             else:
                 objects[used] = place / (used.replace("/", "_") + ".o")
-                if not compiled(source if used == path else ROOT / used, objects[used], place):
+                if not compiled(source if used == path else ROOT / used, objects[used], used, place):
                     raise DoesNotCompile
         return objects[used]
 
