@@ -44,7 +44,7 @@ Text Convert_Degree(float Decimal_Deg) {
 }
 
 double Convert_Decimal(Text& Degree_Deg) {
-    Degree_Deg = replaced(Degree_Deg, u'~', degreeSign);
+    Degree_Deg = replaced(Degree_Deg, {u'~', degreeSign});
     const TextView text = Degree_Deg;
     const auto length = static_cast<std::ptrdiff_t>(text.size());
     const std::ptrdiff_t p = positionOf(text, degreeSign);
@@ -57,6 +57,7 @@ double Convert_Decimal(Text& Degree_Deg) {
     return minutes + degrees + seconds;
 }
 
+// NOLINTNEXTLINE(bugprone-easily-swappable-parameters): the order is the one they are written in
 double Dms2Decimal(TextView DegText, TextView MinText, TextView SecText) {
     const double fraction = leadingNumber(SecText) / 3600 + leadingNumber(MinText) / 60;
     return leadingNumber(DegText) + fraction;

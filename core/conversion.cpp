@@ -10,7 +10,7 @@
 namespace orbisgrid {
 
 Text withDecimalPoint(TextView boxText) {
-    return replaced(boxText, u',', u'.');
+    return replaced(boxText, {u',', u'.'});
 }
 
 std::optional<WholeDms> WorldDMS(TextView boxText) {

@@ -33,12 +33,6 @@ std::optional<std::array<double, fullLength>> cellIndices(TextView locator) {
     return indices;
 }
 
-/// Both characters of a pair, rounded while the values still hold their fractions.
-void appendPair(Text& locator, double lon, double lat, int firstCode) {
-    locator += characterWithCode(std::nearbyint(lon + firstCode));
-    locator += characterWithCode(std::nearbyint(lat + firstCode));
-}
-
 } // namespace
 
 std::optional<Position> cornerOfTen(TextView locator) {
@@ -78,12 +72,17 @@ Text Coordinates2LongMaiden(double& E_Lon, double& N_Lat) {
     N_Lat = (N_Lat + 90) / fieldLatitude + nudge;
 
     Text locator;
-    appendPair(locator, E_Lon, N_Lat, 65);
+    // Both characters of a pair, rounded while the values still hold their fractions.
+    const auto appendPair = [&](int firstCode) {
+        locator += characterWithCode(std::nearbyint(E_Lon + firstCode));
+        locator += characterWithCode(std::nearbyint(N_Lat + firstCode));
+    };
+    appendPair(65);
     for (const int cells :
          {squaresPerField, subsquaresPerSquare, squaresPerField, subsquaresPerSquare}) {
         E_Lon = (E_Lon - Floor(E_Lon)) * cells;
         N_Lat = (N_Lat - Floor(N_Lat)) * cells;
-        appendPair(locator, E_Lon, N_Lat, cells == squaresPerField ? 48 : 65);
+        appendPair(cells == squaresPerField ? 48 : 65);
     }
     return locator;
 }

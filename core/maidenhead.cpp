@@ -46,14 +46,14 @@ char16_t latitudeLetter(double latitude) {
     return latitude < 0 ? u'S' : u'N';
 }
 
-Text dmsText(const Dms& dms, std::size_t degreeDigits, char16_t letter) {
+/// With the blank that stands in front of the letter.
+Text dmsText(const Dms& dms, std::size_t degreeDigits) {
     Text text = wholeMask(dms.degrees, degreeDigits);
     text += u"°.";
     text += wholeMask(dms.minutes, 2);
     text += u"'.";
     text += wholeMask(dms.seconds, 2);
     text += u' ';
-    text += letter;
     return text;
 }
 
@@ -110,8 +110,8 @@ LocatorPositionHMS Maiden2WorldHMS(Text& locator) {
     result.LatDeg = lat.degrees;
     result.LatMin = lat.minutes;
     result.LatSec = lat.seconds;
-    result.LonDmsText = dmsText(lon, 3, eastWest);
-    result.LatDmsText = dmsText(lat, 2, northSouth);
+    result.LonDmsText = dmsText(lon, 3) + eastWest;
+    result.LatDmsText = dmsText(lat, 2) + northSouth;
     return result;
 }
 
@@ -135,6 +135,7 @@ Text locatorOf(Position position) {
     return World2Grid(position.longitude, position.latitude);
 }
 
+// NOLINTNEXTLINE(bugprone-easily-swappable-parameters): the procedure is defined in this order
 Text World2Maiden(double LongCo, double LatCo, int /*TypeConvert*/) {
     double x = (180 - LongCo) / fieldLongitude;
     double y = (LatCo + 90) / fieldLatitude;

@@ -182,28 +182,33 @@ void append(Text& text, Decimal decimal, std::size_t minimumDigits) {
     text.append(zeros, u'0');
 }
 
-/// The plain form behind `prefix`, which stands in front of values that are not negative.
-Text signedText(double value, int significantDigits, TextView prefix,
-                std::size_t minimumDigits = 1) {
+struct NumberForm {
+    int significantDigits;
+    TextView prefix; ///< in front of values that are not negative
+    std::size_t minimumDigits = 1;
+};
+
+constexpr int singleDigits = 7;
+constexpr int doubleDigits = 15;
+
+Text numberText(double value, const NumberForm& form) {
     Text text; // returned by every path, so the compiler builds it in the caller's place
     if (value == 0) {
-        (text += prefix).append(minimumDigits, u'0');
+        (text += form.prefix).append(form.minimumDigits, u'0');
     } else if (!std::isfinite(value)) {
-        (text += prefix) += std::isnan(value) ? u"nan" : u"inf";
+        (text += form.prefix) += std::isnan(value) ? u"nan" : u"inf";
     } else {
         if (value < 0)
             text += u'-';
         else
-            text += prefix;
+            text += form.prefix;
         const double magnitude = std::fabs(value);
-        const auto quick = quicklyRounded(magnitude, significantDigits);
-        append(text, quick ? *quick : rounded(magnitude, significantDigits), minimumDigits);
+        const auto quick = quicklyRounded(magnitude, form.significantDigits);
+        append(text, quick ? *quick : rounded(magnitude, form.significantDigits),
+               form.minimumDigits);
     }
     return text;
 }
-
-constexpr int singleDigits = 7;
-constexpr int doubleDigits = 15;
 
 /// Adds one unit to the last place of a decimal text such as "49.99999".
 void addUnitInLastPlace(std::string& decimal) {
@@ -241,23 +246,23 @@ std::optional<std::int16_t> nearestInt16(double value) {
 }
 
 Text plainText(float value) {
-    return signedText(value, singleDigits, {});
+    return numberText(value, {singleDigits, {}});
 }
 
 Text plainText(double value) {
-    return signedText(value, doubleDigits, {});
+    return numberText(value, {doubleDigits, {}});
 }
 
 Text plainTextOfSeven(double value) {
-    return signedText(value, singleDigits, {});
+    return numberText(value, {singleDigits, {}});
 }
 
 Text printText(float value) {
-    return signedText(value, singleDigits, u" ");
+    return numberText(value, {singleDigits, u" "});
 }
 
 Text printText(double value) {
-    return signedText(value, doubleDigits, u" ");
+    return numberText(value, {doubleDigits, u" "});
 }
 
 double wholeMaskValue(double value) {
@@ -265,7 +270,7 @@ double wholeMaskValue(double value) {
 }
 
 Text wholeMask(double value, std::size_t minimumDigits) {
-    return signedText(wholeMaskValue(value), doubleDigits, {}, minimumDigits);
+    return numberText(wholeMaskValue(value), {doubleDigits, {}, minimumDigits});
 }
 
 Text fiveDecimalMask(double value) {

@@ -181,11 +181,11 @@ Text upperCase(TextView text) {
     return result;
 }
 
-Text replaced(TextView text, char16_t from, char16_t to) {
+Text replaced(TextView text, Replacement replacement) {
     Text result(text);
     for (char16_t& character : result) {
-        if (character == from)
-            character = to;
+        if (character == replacement.from)
+            character = replacement.to;
     }
     return result;
 }

@@ -32,8 +32,13 @@ inline constexpr TextView lineEnd = u"\r\n";
 /// The upper-case form of one code unit, as in `upperCase`.
 [[nodiscard]] char16_t upperCase(char16_t character);
 
+/// One character in the place of another.
+struct Replacement {
+    char16_t from, to;
+};
+
 /// `text` with every `from` replaced by `to`.
-[[nodiscard]] Text replaced(TextView text, char16_t from, char16_t to);
+[[nodiscard]] Text replaced(TextView text, Replacement replacement);
 
 /// At most `count` code units of `text` from position `start` on. Positions count from 1; a part
 /// that runs past the end is shorter or empty, and so is one from a position below 1.

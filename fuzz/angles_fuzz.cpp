@@ -42,7 +42,7 @@ void compareReading(const Text& text) {
     const auto expected = byCutting(text);
     require(angle.has_value() == expected.has_value(), "format");
     require(!angle || isSame(*angle, *expected), "angle");
-    require(argument == replaced(text, u'~', u'°'), "argument afterwards");
+    require(argument == replaced(text, {u'~', u'°'}), "argument afterwards");
 }
 
 /// A written angle reads back to within half a second (a negative one has no sign handling).

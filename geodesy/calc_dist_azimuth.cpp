@@ -6,7 +6,7 @@
 namespace orbisgrid {
 
 void CalcDistAzimuth(TextView HomeLoc, TextView TargetLoc, FormTexts& texts) {
-    const auto path = pathBetween(HomeLoc, TargetLoc);
+    const auto path = pathBetween({HomeLoc, TargetLoc});
     if (!path) {
         texts.DistText = u"-1";
         return;

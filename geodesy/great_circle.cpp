@@ -44,12 +44,19 @@ float centralAngle(double s, double cosd) {
     return d;
 }
 
-float azimuth(double t, double w) {
-    const float u = single(std::sqrt(1 - t * t));
-    float az = single(std::atan(u / std::fabs(t)) / rad); // t 0: the quotient is infinite, az is 90
-    if (w < 0)
+/// What decides the azimuth.
+struct Course {
+    double t; ///< its cosine
+    double w; ///< the sine of the difference of longitudes: negative where the target lies west
+};
+
+float azimuth(Course course) {
+    const float u = single(std::sqrt(1 - course.t * course.t));
+    // t 0: the quotient is infinite, the angle 90.
+    float az = single(std::atan(u / std::fabs(course.t)) / rad);
+    if (course.w < 0)
         az = -az;
-    if (t < 0)
+    if (course.t < 0)
         az = single(180.0 - az);
     if (az < 0)
         az = single(az + 360.0);
@@ -80,7 +87,7 @@ GreatCircle greatCircle(Position from, Position to) {
 
     const float t = std::clamp(single((sinT - sinH * cosd) / (s * cosH)), -1.0f, 1.0f);
     const float w = single(std::sin(lonWh_r - lonWt_r));
-    return {kilometres, azimuth(t, w)};
+    return {kilometres, azimuth({t, w})};
 }
 
 Position pointOf(TextView checkedLocator) {
@@ -96,9 +103,9 @@ Position pointOf(TextView checkedLocator) {
     return {lat, -lonW};
 }
 
-std::optional<LocatorPath> pathBetween(TextView homeLocator, TextView targetLocator) {
-    const auto home = checkedHome(homeLocator);
-    const auto target = home ? checkedTarget(targetLocator) : std::nullopt;
+std::optional<LocatorPath> pathBetween(LocatorPair locators) {
+    const auto home = checkedHome(locators.home);
+    const auto target = home ? checkedTarget(locators.target) : std::nullopt;
     if (!target)
         return std::nullopt;
     const Position from = pointOf(*home);

@@ -13,6 +13,11 @@ struct GreatCircle {
     float azimuth{};    ///< at the first place: degrees from north over east, 0 up to 360
 };
 
+/// Two locators as they were typed.
+struct LocatorPair {
+    TextView home, target;
+};
+
 /// What there is between two locators.
 struct LocatorPath {
     Position home;   ///< the centre of its subsquare, stored as singles
@@ -37,9 +42,9 @@ inline constexpr double earthRadius = 6367;
 /// stored as singles.
 [[nodiscard]] Position pointOf(TextView checkedLocator);
 
-/// Distance and azimuth from a Home to a Target locator, each completed and checked first, Home
-/// before Target (see geodesy/locator_check.h). Result: nothing where one of them fails its check.
-[[nodiscard]] std::optional<LocatorPath> pathBetween(TextView homeLocator, TextView targetLocator);
+/// Distance and azimuth from Home to Target, each completed and checked first, Home before Target
+/// (see geodesy/locator_check.h). Result: nothing where one of them fails its check.
+[[nodiscard]] std::optional<LocatorPath> pathBetween(LocatorPair locators);
 
 /// Kilometres as they are shown: rounded to tenths and then cut, so that the next one shows from a
 /// fraction of 0.95 on. 123.94 is 123, 123.95 is 124.

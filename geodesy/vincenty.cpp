@@ -4,7 +4,6 @@
 #include "core/runtime_error.h"
 
 #include <cmath>
-#include <utility>
 
 namespace orbisgrid {
 
@@ -24,13 +23,21 @@ struct ReducedLatitude {
     double sine, cosine;
 };
 
-/// Of both places side by side: the tangent of one latitude need not wait for the other.
-std::pair<ReducedLatitude, ReducedLatitude> reduced(Position from, Position to) {
+/// Both ends of the geodesic on the auxiliary sphere.
+struct Ends {
+    ReducedLatitude U1, U2;
+    double L; ///< difference of longitudes, radians
+};
+
+/// Both latitudes side by side: the tangent of one need not wait for the other.
+Ends endsOf(Position from, Position to) {
     const double tangent1 = std::tan(Deg2Rad(from.latitude));
     const double tangent2 = std::tan(Deg2Rad(to.latitude));
     const double U1 = std::atan((1 - f) * tangent1);
     const double U2 = std::atan((1 - f) * tangent2);
-    return {{std::sin(U1), std::cos(U1)}, {std::sin(U2), std::cos(U2)}};
+    return {{std::sin(U1), std::cos(U1)},
+            {std::sin(U2), std::cos(U2)},
+            Deg2Rad(to.longitude - from.longitude)};
 }
 
 /// The arc between both points on the auxiliary sphere, for one value of lambda.
@@ -40,14 +47,15 @@ struct Arc {
     double nextLambda;
 };
 
-double sineOfArc(const ReducedLatitude& U1, const ReducedLatitude& U2, double lambda) {
+double sineOfArc(const Ends& ends, double lambda) {
+    const ReducedLatitude &U1 = ends.U1, &U2 = ends.U2;
     const double east = U2.cosine * std::sin(lambda);
     const double north = U1.cosine * U2.sine - U1.sine * U2.cosine * std::cos(lambda);
     return std::sqrt(east * east + north * north);
 }
 
-Arc arcAt(const ReducedLatitude& U1, const ReducedLatitude& U2, double L, double lambda,
-          double sinSigma) {
+Arc arcAt(const Ends& ends, double lambda, double sinSigma) {
+    const auto& [U1, U2, L] = ends;
     const double cosSigma = U1.sine * U2.sine + U1.cosine * U2.cosine * std::cos(lambda);
     const double sigma = Atan2(cosSigma, sinSigma); // the direction of (cosSigma, sinSigma)
     const double sinAlpha = U1.cosine * U2.cosine * std::sin(lambda) / sinSigma;
@@ -84,18 +92,17 @@ double roundedToMillimetres(double metres) {
 } // namespace
 
 VincentyDistance distVincenty(Position from, Position to) {
-    const double L = Deg2Rad(to.longitude - from.longitude);
-    const auto [U1, U2] = reduced(from, to);
-    double lambda = L;
+    const Ends ends = endsOf(from, to);
+    double lambda = ends.L;
     double lambdaP = twoPi15;
     int counter = passes;
     Arc arc{}; // of a whole turn, where no pass is made, it keeps its zeros
     while (std::fabs(lambda - lambdaP) > convergence && counter >= 1) {
         --counter;
-        const double sinSigma = sineOfArc(U1, U2, lambda);
+        const double sinSigma = sineOfArc(ends, lambda);
         if (sinSigma == 0)
             return {};
-        arc = arcAt(U1, U2, L, lambda, sinSigma);
+        arc = arcAt(ends, lambda, sinSigma);
         lambdaP = lambda;
         lambda = arc.nextLambda;
     }

@@ -29,28 +29,30 @@ std::optional<Text> decimalOfHexadecimal(const std::string& digits) {
     return fromUtf8(std::to_string(number));
 }
 
-std::optional<Text> numberText(TextView characters, TextView before) {
-    std::string digits = toUtf8(before);
+/// Hexadecimal digits of the characters, the last one in front.
+std::string reversedHexadecimal(TextView characters) {
+    std::string digits;
     for (const char16_t character : Text(characters.rbegin(), characters.rend()))
         digits += hexadecimal(character);
-    return decimalOfHexadecimal(digits);
+    return digits;
 }
 
-/// The value of an open key; nothing where it cannot be read.
-std::optional<Text> keyValue(ToolRegistry& registry, ToolRegistry::Key key, TextView name,
-                             TextView before) {
-    std::array<char16_t, bufferSize> buffer{};
-    const std::optional<ToolRegistry::Value> value = registry.query(key, name, buffer);
-    if (!value || value->size == 0 || value->size > buffer.size())
+using Buffer = std::array<char16_t, bufferSize>;
+
+/// The text of a value that stands in `buffer`; nothing where it is empty or does not fit. Numbers
+/// are appended to what the caller's text held before, and other types leave that text.
+std::optional<Text> valueText(const ToolRegistry::Value& value, const Buffer& buffer,
+                              TextView before) {
+    if (value.size == 0 || value.size > buffer.size())
         return std::nullopt;
-    TextView characters(buffer.data(), value->size);
+    TextView characters(buffer.data(), value.size);
     if (characters.back() == u'\0')
         characters.remove_suffix(1);
-    switch (value->type) {
+    switch (value.type) {
     case ToolRegistry::stringValue:
         return Text(characters);
     case ToolRegistry::numberValue:
-        return numberText(characters, before);
+        return decimalOfHexadecimal(toUtf8(before) + reversedHexadecimal(characters));
     default:
         return Text(before);
     }
@@ -62,7 +64,9 @@ bool GetKeyValue(ToolRegistry& registry, const std::uint32_t& KeyRoot, const Tex
                  const Text& SubKeyRef, Text& KeyVal) {
     std::optional<Text> value;
     if (const auto key = registry.open(KeyRoot, KeyName, ToolRegistry::allAccess)) {
-        value = keyValue(registry, *key, SubKeyRef, KeyVal);
+        Buffer buffer{};
+        if (const auto found = registry.query(*key, SubKeyRef, buffer))
+            value = valueText(*found, buffer, KeyVal);
         registry.close(*key);
     }
     KeyVal = value.value_or(Text{});

@@ -43,7 +43,8 @@ struct Place {
     bool hasSection = false;
 };
 
-Place placeOf(std::string_view content, std::string_view key) {
+Place placeOf(std::string_view content, TextView key) {
+    const std::string wanted = toUtf8(key);
     const std::string section = '[' + toUtf8(settingsSection) + ']';
     Place place;
     bool isInside = false;
@@ -57,7 +58,7 @@ Place placeOf(std::string_view content, std::string_view key) {
         place.hasSection = true;
         place.endOfSection = std::min(line.end + 1, content.size());
         const std::size_t equals = text.find('=');
-        if (equals != std::string_view::npos && trimmedBytes(text.substr(0, equals)) == key)
+        if (equals != std::string_view::npos && trimmedBytes(text.substr(0, equals)) == wanted)
             place.line = line;
     }
     return place;
@@ -155,9 +156,8 @@ std::string valueBytes(TextView value) {
 }
 
 void setValue(std::string& content, const Setting& setting) {
-    const std::string key = toUtf8(setting.key);
-    const std::string line = key + '=' + valueBytes(setting.value);
-    const Place place = placeOf(content, key);
+    const std::string line = toUtf8(setting.key) + '=' + valueBytes(setting.value);
+    const Place place = placeOf(content, setting.key);
     if (place.line) {
         content.replace(place.line->begin, place.line->end - place.line->begin, line);
         return;
@@ -179,7 +179,7 @@ void setValue(std::string& content, const Setting& setting) {
 } // namespace
 
 std::optional<Text> storedValue(std::string_view content, TextView key) {
-    const Place place = placeOf(content, toUtf8(key));
+    const Place place = placeOf(content, key);
     if (!place.line)
         return std::nullopt;
     const std::string_view line =

@@ -12,7 +12,8 @@ class PathBetweenTest : public testing::TestWithParam<Row> {};
 
 TEST_P(PathBetweenTest, IsTheNumbersOfTheTexts) {
     const Row& row = GetParam();
-    const auto path = pathBetween(row.text("home"), row.text("target"));
+    const Text home = row.text("home"), target = row.text("target");
+    const auto path = pathBetween({home, target});
     ASSERT_TRUE(path.has_value());
     EXPECT_EQ(shownKilometres(path->circle.kilometres), row.number("DistText"));
     EXPECT_EQ(shownAzimuth(path->circle.azimuth), row.number("AzimuthText"));
@@ -24,12 +25,12 @@ INSTANTIATE_TEST_SUITE_P(Rows, PathBetweenTest,
                          testing::ValuesIn(test::readTable("great_circle.tsv")), test::testName);
 
 TEST(PathBetween, IsNothingWhereALocatorIsNone) {
-    EXPECT_FALSE(pathBetween(u"JO20ay", u"JO20aw").has_value());
-    EXPECT_FALSE(pathBetween(u"JO20aw", u"SA00aa").has_value());
+    EXPECT_FALSE(pathBetween({u"JO20ay", u"JO20aw"}).has_value());
+    EXPECT_FALSE(pathBetween({u"JO20aw", u"SA00aa"}).has_value());
 }
 
 TEST(PathBetween, StartsAtTheHome) {
-    EXPECT_EQ(pathBetween(u"jo20", u"FN42AA")->home, pointOf(u"JO20ll"));
+    EXPECT_EQ(pathBetween({u"jo20", u"FN42AA"})->home, pointOf(u"JO20ll"));
 }
 
 TEST(ShownKilometres, GoUpFromNineteenTwentieths) {

@@ -58,7 +58,7 @@ const Text toolKey = u"SOFTWARE\\Microsoft\\Shared Tools\\MSINFO";
 const Text folderKey = u"SOFTWARE\\Microsoft\\Shared Tools Location";
 
 Text withZeros(const Text& text) {
-    return replaced(text, u'~', u'\0');
+    return replaced(text, {u'~', u'\0'});
 }
 
 class GetKeyValueTest : public testing::TestWithParam<Row> {};
