@@ -55,7 +55,7 @@ std::optional<std::string> behindLinks(std::string path) {
 }
 
 std::optional<struct stat> statusOf(const std::string& path) {
-    struct stat status {};
+    struct stat status = {};
 
     if (::stat(path.c_str(), &status) != 0)
         return std::nullopt;
@@ -211,7 +211,7 @@ void removeLeftovers(const SplitPath& target) {
             continue;
         const std::string path = target.folder + std::string(name);
 
-        struct stat status {};
+        struct stat status = {};
 
         if (::lstat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
             status.st_mtime < oldest)
@@ -258,7 +258,7 @@ std::optional<std::string> readFile(const QString& path) {
     // Without O_NONBLOCK a pipe in the file's place would wait for a writer.
     const FileDescriptor file(::open(encoded(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
 
-    struct stat status {};
+    struct stat status = {};
 
     if (!file || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode))
         return std::nullopt;

@@ -35,7 +35,7 @@ Termination::Termination(std::function<void()> onRequest, QObject* parent)
     m_notifier = new QSocketNotifier(m_pipe[0], QSocketNotifier::Read, this);
     connect(m_notifier, &QSocketNotifier::activated, this, [this] { passOn(); });
 
-    struct sigaction action {};
+    struct sigaction action = {};
 
     action.sa_handler = passSignalToPipe;
     action.sa_flags = SA_RESTART;

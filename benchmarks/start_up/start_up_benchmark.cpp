@@ -174,8 +174,9 @@ double median(std::vector<double> values) {
     return values[values.size() / 2];
 }
 
-void print(const char* title, const std::vector<std::vector<Sample>>& samples,
-           double Sample::*member) {
+using Member = double Sample::*;
+
+void print(const char* title, const std::vector<std::vector<Sample>>& samples, Member member) {
     std::printf("%-26s", title);
     double first = 0;
     for (const auto& runs : samples) {

@@ -24,7 +24,7 @@ const std::string oldContent = "old content\r\n";
 const std::string newContent(5000, 'n');
 
 mode_t modeOf(const std::string& path) {
-    struct stat status {};
+    struct stat status = {};
 
     ::stat(path.c_str(), &status);
     return status.st_mode & 07777U;
@@ -133,7 +133,7 @@ TEST(SaveFile, KeepsTheOwner) {
     ASSERT_EQ(::chown(path.c_str(), 1234, 4321), 0);
     EXPECT_TRUE(saveFile(folder.qPath("file"), newContent));
 
-    struct stat status {};
+    struct stat status = {};
 
     ::stat(path.c_str(), &status);
     EXPECT_EQ(status.st_uid, 1234U);
