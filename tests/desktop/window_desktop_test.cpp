@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -157,8 +158,14 @@ TEST_F(WindowDesktopTest, AClipboardClearedByOthersStaysClear) {
     open();
     calculate("jo20aw", "fn42aa");
     copyReport();
-    // Another program takes the clipboard and ends: it has no owner then.
-    shell("printf x | xclip -i -selection clipboard -loops 1; xclip -o -selection clipboard; true");
+    // Another program takes the clipboard and ends: it has no owner then. One that goes into the
+    // background by itself does so before it has the clipboard.
+    pid_t other = test::startChild([this] {
+        test::becomeCommand("xclip -quiet -i -selection clipboard '" +
+                            (m_program.folder() / "Orbisgrid.ini").string() + "' 2>/dev/null");
+    });
+    EXPECT_TRUE(test::waitUntil([this] { return test::clipboardText() == m_program.ini(); }, 30));
+    test::endChild(other, SIGTERM);
     close();
     EXPECT_EQ(test::clipboardText(), "");
 }

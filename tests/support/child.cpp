@@ -1,10 +1,13 @@
 #include "tests/support/child.h"
 
+#include <fcntl.h>
+#include <poll.h>
 #include <sys/prctl.h>
 #include <sys/ptrace.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <csignal>
@@ -15,7 +18,9 @@ namespace orbisgrid::test {
 
 namespace {
 
-/// Of what waitpid or pclose says.
+using Clock = std::chrono::steady_clock;
+
+/// Of what waitpid says.
 int resultOf(int status) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status);
 }
@@ -33,26 +38,92 @@ pid_t forked(const std::function<int()>& work) {
 /// Lets a traced child run over `calls` stops (each call has two) and kills it there.
 /// Result: whether it was still running then.
 bool isKilledAt(pid_t child, int calls) {
-    int status = 0;
-    if (::waitpid(child, &status, 0) != child || !WIFSTOPPED(status))
+    if (!WIFSTOPPED(nextStatusOf(child)))
         return false;
     for (int i = 0; i < calls; ++i) {
         ::ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
-        ::waitpid(child, &status, 0);
-        if (!WIFSTOPPED(status))
+        if (!WIFSTOPPED(nextStatusOf(child)))
             return false;
     }
     ::kill(child, SIGKILL);
-    ::waitpid(child, &status, 0);
+    ::waitpid(child, nullptr, 0);
     return true;
+}
+
+/// A shell and the end of the pipe that its standard output goes into.
+struct StartedShell {
+    pid_t process = -1;
+    int output = -1;
+};
+
+/// In a process group of its own, so that what it leaves behind can be killed with it.
+StartedShell startShell(const std::string& command) {
+    std::array<int, 2> pipe{-1, -1};
+    if (::pipe2(pipe.data(), O_CLOEXEC) != 0)
+        throw std::runtime_error("cannot make a pipe");
+    const pid_t process = startChild([&] {
+        ::setpgid(0, 0);
+        ::dup2(::open("/dev/null", O_RDONLY | O_CLOEXEC), STDIN_FILENO);
+        ::dup2(pipe[1], STDOUT_FILENO);
+        ::execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
+    });
+    ::setpgid(process, process); // whichever comes first: the group is there from now on
+    ::close(pipe[1]);
+    return {process, pipe[0]};
+}
+
+/// Puts all that comes through a pipe behind `text`. Result: whether it came to its end by then.
+bool readToItsEnd(int pipe, Clock::time_point then, std::string& text) {
+    std::array<char, 4096> buffer{};
+    for (;;) {
+        const auto left =
+            std::chrono::duration_cast<std::chrono::milliseconds>(then - Clock::now());
+        pollfd waiting{pipe, POLLIN, 0};
+        if (left.count() <= 0)
+            return false;
+        if (::poll(&waiting, 1, static_cast<int>(left.count())) <= 0)
+            continue;
+        const ssize_t count = ::read(pipe, buffer.data(), buffer.size());
+        if (count <= 0)
+            return true;
+        text.append(buffer.data(), static_cast<std::size_t>(count));
+    }
+}
+
+[[noreturn]] void giveUp(pid_t shell, int seconds, const std::string& command) {
+    const bool hasEnded = ::waitpid(shell, nullptr, WNOHANG) == shell;
+    ::kill(-shell, SIGKILL);
+    if (!hasEnded)
+        ::waitpid(shell, nullptr, 0);
+    throw std::runtime_error(std::string("waited for ")
+                                 .append(std::to_string(seconds))
+                                 .append(hasEnded ? " seconds for whoever holds the output of: "
+                                                  : " seconds for the end of: ")
+                                 .append(command));
 }
 
 } // namespace
 
-int inChild(const std::function<int()>& work) {
+int nextStatusOf(pid_t child, int seconds) {
+    const auto start = Clock::now();
     int status = 0;
-    ::waitpid(forked(work), &status, 0);
-    return resultOf(status);
+    while (::waitpid(child, &status, WNOHANG) == 0) {
+        const auto waited = Clock::now() - start;
+        if (waited > std::chrono::seconds(seconds)) {
+            ::kill(child, SIGKILL);
+            ::waitpid(child, nullptr, 0);
+            throw std::runtime_error("waited for " + std::to_string(seconds) +
+                                     " seconds for a child of the test");
+        }
+        // What comes at once is seen at once: a traced child stops thousands of times.
+        const auto pause = std::chrono::duration_cast<std::chrono::microseconds>(waited / 10);
+        ::usleep(static_cast<useconds_t>(std::clamp<long>(pause.count(), 5, 20000)));
+    }
+    return status;
+}
+
+int inChild(const std::function<int()>& work) {
+    return resultOf(nextStatusOf(forked(work)));
 }
 
 int inChildWithoutRights(const std::function<int()>& work) {
@@ -99,36 +170,44 @@ int waitForChild(pid_t& child) {
     return resultOf(status);
 }
 
-void endChild(pid_t& child, int signal) {
+void endChild(pid_t& child, int signal, int seconds) {
     if (child <= 0)
         return;
     ::kill(child, signal);
-    ::waitpid(child, nullptr, 0);
+    if (!waitUntil([&] { return ::waitpid(child, nullptr, WNOHANG) != 0; }, seconds)) {
+        ::kill(child, SIGKILL);
+        ::waitpid(child, nullptr, 0);
+    }
     child = -1;
 }
 
 bool waitUntil(const std::function<bool()>& condition, int seconds) {
-    for (int i = 0; i < seconds * 50; ++i) {
-        if (condition())
-            return true;
+    const auto end = Clock::now() + std::chrono::seconds(seconds);
+    while (!condition()) {
+        if (Clock::now() > end)
+            return false;
         ::usleep(20000);
     }
-    return false;
+    return true;
 }
 
-ShellResult shell(const std::string& command) {
-    const auto start = std::chrono::steady_clock::now();
-    std::fflush(nullptr);
-    FILE* pipe = ::popen(command.c_str(), "r"); // NOLINT(cert-env33-c): commands of the tests' own
-    if (pipe == nullptr)
-        throw std::runtime_error("cannot run " + command);
+ShellResult shell(const std::string& command, int seconds) {
+    const auto start = Clock::now();
+    const auto latest = start + std::chrono::seconds(seconds);
+    const StartedShell started = startShell(command);
     ShellResult result;
-    std::array<char, 4096> buffer{};
-    while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), pipe))
-        result.output.append(buffer.data(), count);
-    result.status = resultOf(::pclose(pipe));
-    const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
-    result.seconds = time.count();
+    const bool isWhole = readToItsEnd(started.output, latest, result.output);
+    ::close(started.output);
+    if (!isWhole)
+        giveUp(started.process, seconds, command);
+    // One that has closed its output may run on.
+    const auto left = std::chrono::ceil<std::chrono::seconds>(latest - Clock::now());
+    try {
+        result.status = resultOf(nextStatusOf(started.process, static_cast<int>(left.count())));
+    } catch (const std::runtime_error&) {
+        giveUp(started.process, seconds, command);
+    }
+    result.seconds = std::chrono::duration<double>(Clock::now() - start).count();
     return result;
 }
 

@@ -7,8 +7,12 @@
 
 namespace orbisgrid::test {
 
+/// Seconds after which a process counts as one that hangs. Nothing here waits for longer.
+inline constexpr int longestWait = 120;
+
 /// Runs `work` in a forked child. Result: what it returned (0 to 255), or 1000 and the signal's
-/// number when a signal ended it. What `work` changes stays in the child.
+/// number when a signal ended it. What `work` changes stays in the child. One that hangs is killed;
+/// then it throws.
 int inChild(const std::function<int()>& work);
 
 /// The same without the rights of root: as the user "nobody" where the test runs as root.
@@ -35,16 +39,21 @@ pid_t startChild(const std::function<void()>& become);
 /// `become` for a command line of /bin/sh, in the place of the shell.
 void becomeCommand(const std::string& command);
 
+/// Waits for what a child reports next: its end or, where it is traced, a stop. Result: as waitpid
+/// says it. Kills the child and throws where nothing comes within `seconds`.
+int nextStatusOf(pid_t child, int seconds = longestWait);
+
 /// Waits for a child that was started so. Result: its exit status, 1000 and the signal's number
 /// after a signal; then `child` is -1. The result is -1 where there is none or it still runs after
 /// a minute.
 int waitForChild(pid_t& child);
 
-/// Sends a child a signal and waits for it; `child` is -1 afterwards. None is none to end.
-void endChild(pid_t& child, int signal);
+/// Sends a child a signal and waits for it; `child` is -1 afterwards. None is none to end, and one
+/// that the signal has not ended within `seconds` is killed.
+void endChild(pid_t& child, int signal, int seconds = 20);
 
-/// Asks until `condition` holds, with pauses of 20 ms that make up `seconds` at most; what the
-/// condition itself takes comes on top. Result: whether it held.
+/// Asks until `condition` holds, with pauses of 20 ms, for `seconds`; a last question that was put
+/// by then is waited for. Result: whether it held.
 bool waitUntil(const std::function<bool()>& condition, int seconds);
 
 /// What a shell command left.
@@ -54,7 +63,9 @@ struct ShellResult {
     double seconds = 0; ///< until the end of its standard output and of the command
 };
 
-/// Runs a command line with /bin/sh, which must end by itself.
-ShellResult shell(const std::string& command);
+/// Runs a command line with /bin/sh, with nothing on its standard input. It ends when the command
+/// has ended and nobody holds its standard output any more. Where that takes more than `seconds`,
+/// it kills what the command has started and throws; the text says what it waited for.
+ShellResult shell(const std::string& command, int seconds = longestWait);
 
 } // namespace orbisgrid::test

@@ -1,5 +1,7 @@
 #include "tests/support/faults.h"
 
+#include "tests/support/child.h"
+
 #include <sys/ptrace.h>
 #include <sys/syscall.h>
 #include <sys/user.h>
@@ -94,7 +96,7 @@ public:
                 ::raise(SIGSTOP);
             ::_exit(work());
         }
-        ::waitpid(m_pid, &m_status, 0);
+        m_status = nextStatusOf(m_pid);
         m_isTraced = WIFSTOPPED(m_status);
     }
 
@@ -131,7 +133,7 @@ private:
             runs() && WSTOPSIG(m_status) != SIGTRAP && m_isStarted ? WSTOPSIG(m_status) : 0;
         m_isStarted = true;
         ::ptrace(how, m_pid, nullptr, signal);
-        ::waitpid(m_pid, &m_status, 0);
+        m_status = nextStatusOf(m_pid);
     }
 
     pid_t m_pid = -1;

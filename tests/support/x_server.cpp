@@ -3,6 +3,7 @@
 #include "tests/support/child.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <unistd.h>
 
 #include <array>
@@ -25,11 +26,13 @@ pid_t startQuietly(const std::function<void()>& become) {
     });
 }
 
-/// The first line that comes through a pipe, which may take as long as it takes to start.
+/// The first line that comes through a pipe; as much of it as there is when nothing more comes.
 std::string lineFrom(int pipe) {
     std::string line;
     char character = 0;
-    while (::read(pipe, &character, 1) == 1 && character != '\n')
+    pollfd waiting{pipe, POLLIN, 0};
+    while (::poll(&waiting, 1, longestWait * 1000) == 1 && ::read(pipe, &character, 1) == 1 &&
+           character != '\n')
         line += character;
     return line;
 }

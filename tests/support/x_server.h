@@ -9,7 +9,7 @@ namespace orbisgrid::test {
 /// An X server of the test's own (Xvfb), for what an offscreen platform cannot show: the clipboard
 /// between processes, stacking, window frames, exact titles.
 ///
-///     XServer server;                // starts on a free display; throws if Xvfb is missing
+///     XServer server;                // starts on a free display; throws if Xvfb does not start
 ///     server.useInThisProcess();     // before the first QGuiApplication
 ///     server.startWindowManager();   // openbox, where frames and stacking matter
 ///
@@ -33,7 +33,7 @@ public:
     /// WAYLAND_DISPLAY taken away, Qt's platform xcb and no session bus.
     void useInThisProcess() const;
 
-    /// Starts openbox and waits until it manages windows. Throws if it does not within 10 seconds.
+    /// Starts openbox and waits until it manages windows. Throws if it does not within a minute.
     void startWindowManager();
 
     /// Ends the window manager and the server, as a logout does. Once is enough.
