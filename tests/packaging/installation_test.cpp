@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 namespace orbisgrid {
 
 namespace {
@@ -127,8 +129,14 @@ TEST_F(InstallationTest, TheMetainfoIsValid) {
     const ShellResult result =
         shell("appstreamcli validate --pedantic --no-net --no-color " +
               quoted(prefix() / "share/metainfo/org.example.orbisgrid.metainfo.xml") + " 2>&1");
-    EXPECT_EQ(result.status, 0);
-    EXPECT_EQ(result.output, "✔ Validation was successful.\n");
+    EXPECT_EQ(result.status, 0) << result.output;
+    // Each version has a hint (I:) about the tag that the other one reads, and no more than that.
+    std::istringstream lines(result.output);
+    for (std::string line; std::getline(lines, line);) {
+        const bool isRemark = line.size() > 1 && line[1] == ':';
+        EXPECT_TRUE(!isRemark || (line[0] == 'I' && line.find("developer") != std::string::npos))
+            << line;
+    }
 }
 
 TEST_F(InstallationTest, TheManPageIsReadWithoutAWarning) {
