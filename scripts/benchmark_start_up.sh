@@ -4,10 +4,10 @@
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 . scripts/packages.sh
+. scripts/build.sh
 install_missing "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}" "${BENCHMARK_PACKAGES[@]}"
 rounds=${1:-60}
-cmake --preset benchmark >/dev/null
-cmake --build --preset benchmark -- --quiet
+build benchmark
 
 box=$(mktemp -d)
 trap 'rm -rf "$box"; kill "$server" 2>/dev/null || true' EXIT

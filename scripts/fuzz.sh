@@ -31,20 +31,24 @@ run_target() { # <executions> <target>
   fi
 }
 
+corpora() {
+  (cd build-fuzz/fuzz-corpus && printf '%s\n' *)
+}
+
 if [ "${1:-}" = --one ]; then
   run_target "$2" "$3"
   exit
 fi
 
 . scripts/packages.sh
+. scripts/build.sh
 install_missing "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}" "${ALL_PACKAGES[@]}"
 runs=${1:-10000000}
 shift || true
-cmake --preset fuzz >/dev/null
-cmake --build --preset fuzz --target fuzz_targets -- --quiet
+build fuzz --target fuzz_targets
 targets=("$@")
 # Those that take longest begin, so that the processors end together.
 slowest='converter|locator_list_ini|manual_search'
 [ ${#targets[@]} -gt 0 ] ||
-  mapfile -t targets < <(ls build-fuzz/fuzz-corpus | grep -Ex "$slowest"; ls build-fuzz/fuzz-corpus | grep -Evx "$slowest")
+  mapfile -t targets < <(corpora | grep -Ex "$slowest"; corpora | grep -Evx "$slowest")
 printf '%s\n' "${targets[@]}" | xargs -P "$(nproc)" -n 1 "$0" --one "$runs"

@@ -8,14 +8,15 @@ set -euo pipefail
 root=$(cd "$(dirname "$(readlink -f "$0")")/.." && pwd)
 cd "$root"
 . scripts/packages.sh
+. scripts/build.sh
 
 # pack <cpack generator> <ending>: prints the package's path.
 pack() {
   local log
   install_missing "${BUILD_PACKAGES[@]}" "${PACKING_PACKAGES[@]}"
   rm -f build-package/orbisgrid[-_]*."$2"
-  if ! log=$(cmake --preset package 2>&1 && cmake --build --preset package 2>&1 &&
-    cpack -G "$1" -B build-package --config build-package/CPackConfig.cmake 2>&1); then
+  build package >&2 || return
+  if ! log=$(cpack -G "$1" -B build-package --config build-package/CPackConfig.cmake 2>&1); then
     echo "$log" >&2
     return 1
   fi
