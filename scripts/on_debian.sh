@@ -95,9 +95,9 @@ inside() { # <root> <command ...>
 }
 
 # Name spaces of its own: what is mounted or started there goes with their first process, however
-# that ends.
+# that ends. In the place of this shell, so that whoever kills it kills that.
 separated() {
-  unshare --mount --pid --fork --kill-child --mount-proc "$@"
+  exec unshare --mount --pid --fork --kill-child --mount-proc "$@"
 }
 
 make_and_enter() { # <root> <release> <mirror> <yes: as an archive> <command ...>
@@ -151,7 +151,7 @@ esac
 suite=$1
 [ "$(id -u)" -eq 0 ] || not_run "it takes root to make one"
 install_missing "${ROOT_PACKAGES[@]}" || not_run "there is no debootstrap"
-separated true 2>/dev/null || not_run "this system lets nobody mount"
+(separated true) 2>/dev/null || not_run "this system lets nobody mount"
 # shellcheck source=/dev/null
 mirror=$(mirror_of "$(. /etc/os-release && echo "${VERSION_CODENAME:-}")")
 [ -n "$mirror" ] || not_run "apt has no mirror of Debian here"
