@@ -44,12 +44,12 @@ bool print(std::FILE* stream, const Text& text) {
 }
 
 void reportClipboard(bool isCopied) {
-    const QString waylandDisplay = qEnvironmentVariable("WAYLAND_DISPLAY");
-    const bool isDisplayNamed = hasDisplay({qEnvironmentVariable("DISPLAY"), waylandDisplay, {}});
+    const DisplayEnvironment named = displayEnvironment();
+    const bool isDisplayNamed = !named.display.empty() || !named.waylandDisplay.empty();
     if (!isCopied && isDisplayNamed)
         std::ignore = std::fputs("orbisgrid: the clipboard could not be reached.\n", stderr);
     // It has the text for the X programs; whether others get it is the compositor's to decide.
-    if (isCopied && !waylandDisplay.isEmpty() && clipboardRoute() == ClipboardRoute::x11Keeper)
+    if (isCopied && !named.waylandDisplay.empty() && clipboardRoute() == ClipboardRoute::x11Keeper)
         std::ignore = std::fputs("orbisgrid: the clipboard could not be reached for certain; under "
                                  "Wayland that takes wl-copy (package wl-clipboard).\n",
                                  stderr);
@@ -65,11 +65,11 @@ void reportWithoutWindow(const Message& message, int& argc, char** argv) {
         print(stderr, message.text);
 }
 
-int runCommandLineJob(const CommandLine& commandLine, const QString& programFolder, int& argc,
+int runCommandLineJob(const CommandLine& commandLine, const std::string& programFolder, int& argc,
                       char** argv) {
     // The window reads the file before it looks at the command line, and so does a job: nothing of
     // it is needed, but without it the program does not start.
-    if (!readFile(programFolder + QStringLiteral("/Orbisgrid.ini")))
+    if (!readFile(programFolder + "/Orbisgrid.ini"))
         waitEndlessly();
     LocatorConverterForm form;
     KeptMessages kept;

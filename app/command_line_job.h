@@ -2,7 +2,7 @@
 
 #include "panels/command_line.h"
 
-#include <QString>
+#include <string>
 
 namespace orbisgrid {
 
@@ -13,7 +13,7 @@ namespace orbisgrid {
 /// Result: the exit status: 0, or 1 after a refusal or when the text could not be printed. Does not
 /// return without an INI file in `programFolder`. No QApplication may exist; one is made when a box
 /// has to be shown.
-int runCommandLineJob(const CommandLine& commandLine, const QString& programFolder, int& argc,
+int runCommandLineJob(const CommandLine& commandLine, const std::string& programFolder, int& argc,
                       char** argv);
 
 /// Shows a message box, or its text on standard error where there is no display.

@@ -4,11 +4,11 @@
 #include "platform/home_folder.h"
 #include "platform/per_user_store.h"
 #include "platform/program_folder.h"
-#include "ui/qt_text.h"
 #include "ui/version.h"
 
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 #include <string_view>
 #include <tuple>
 #include <vector>
@@ -23,7 +23,7 @@ CommandLine commandLineOf(int argc, char** argv) {
 }
 
 int refuseStore(int& argc, char** argv) {
-    const Text file = toText(PerUserStore::defaultFilePath());
+    const Text file = fromUtf8(PerUserStore::defaultFilePath());
     reportWithoutWindow({u"The settings cannot be written: " + file, {}, MessageIcon::exclamation},
                         argc, argv);
     return 1;
@@ -33,9 +33,9 @@ int run(int argc, char** argv) {
     if (isClipboardKeeperRole())
         return runClipboardKeeper();
     const CommandLine commandLine = commandLineOf(argc, argv);
-    const QString folder = programFolder();
+    const std::string folder = programFolder();
     PerUserStore store;
-    if (!RegistryStuff(store, toText(folder), versionText))
+    if (!RegistryStuff(store, fromUtf8(folder), versionText))
         return refuseStore(argc, argv);
     if (commandLine.job != CommandLine::Job::none)
         return runCommandLineJob(commandLine, folder, argc, argv);

@@ -11,15 +11,14 @@ namespace orbisgrid {
 
 namespace {
 
-void refuse(const QString& why) {
-    const QByteArray line = (QStringLiteral("orbisgrid: no window: ") + why).toLocal8Bit();
-    std::ignore = std::fprintf(stderr, "%s\n", line.constData());
+void refuse(const std::string& why) {
+    std::ignore = std::fprintf(stderr, "orbisgrid: no window: %s\n", why.c_str());
 }
 
 } // namespace
 
 const WindowLibrary* loadWindowLibrary() {
-    const QString path = executableFolder() + QStringLiteral("/orbisgrid-window.so");
+    const std::string path = executableFolder() + "/orbisgrid-window.so";
     const SharedLibrary library(path);
     using Entry = const WindowLibrary* (*)();
     const auto entry = reinterpret_cast<Entry>(library.function("orbisgridWindowLibrary"));
@@ -29,7 +28,7 @@ const WindowLibrary* loadWindowLibrary() {
     }
     const WindowLibrary* windows = entry();
     if (windows->version != versionText) {
-        refuse(path + QStringLiteral(": not of this program's version"));
+        refuse(path + ": not of this program's version");
         return nullptr;
     }
     return windows;

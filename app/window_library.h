@@ -3,15 +3,13 @@
 #include "panels/message.h"
 #include "settings/settings_store.h"
 
-#include <QString>
-
+#include <string>
 #include <string_view>
 
 namespace orbisgrid {
 
-/// What needs Qt's widgets. It is a file of its own beside the executable, orbisgrid-window.so, as
-/// the widgets and what they draw with would take two thirds of the time of a job on the command
-/// line, which has no use for them.
+/// What needs Qt. It is a file of its own beside the executable, orbisgrid-window.so, as to load Qt
+/// would take four fifths of the time of a job on the command line, which has no use for it.
 struct WindowLibrary {
     /// The version that it was built as. It and the executable share types: only one of the same
     /// version is used.
@@ -20,7 +18,8 @@ struct WindowLibrary {
     /// Runs the main window until it is closed or the session ends. Result: the exit status. There
     /// must be no QApplication and no other thread yet. Without a display it says so in a line on
     /// standard error, status 1.
-    int (*runWindow)(SettingsStore& store, const QString& programFolder, int& argc, char** argv);
+    int (*runWindow)(SettingsStore& store, const std::string& programFolder, int& argc,
+                     char** argv);
 
     /// Shows a message box without a window. There must be no QApplication yet.
     void (*showMessage)(const Message& message, int& argc, char** argv);

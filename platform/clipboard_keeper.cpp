@@ -1,8 +1,7 @@
 #include "platform/clipboard_keeper.h"
 
 #include "platform/clipboard_route.h"
-
-#include <QFile>
+#include "platform/environment.h"
 
 #include <fcntl.h>
 #include <poll.h>
@@ -139,21 +138,20 @@ bool ClipboardHandover::wait(std::chrono::milliseconds longest) {
 // The role --------------------------------------------------------------------------------------
 
 bool isClipboardKeeperRole() {
-    return qgetenv(roleVariable) == QByteArray(keeperRole.data(), qsizetype(keeperRole.size()));
+    return environmentVariable(roleVariable) == keeperRole;
 }
 
 int runClipboardKeeper() {
-    QFile input;
-    if (!input.open(STDIN_FILENO, QIODevice::ReadOnly))
-        return 1;
-    return ClipboardHandover::start(input.readAll().toStdString()).wait() ? 0 : 1;
+    const FileDescriptor input(STDIN_FILENO);
+    const std::optional<std::string> text = readToEnd(input);
+    return text && ClipboardHandover::start(*text).wait() ? 0 : 1;
 }
 
-bool startClipboardKeeper(const QString& executable, const QString& text) {
-    const FileDescriptor input = fileInMemory(text.toStdString());
+bool startClipboardKeeper(const std::string& executable, const std::string& utf8) {
+    const FileDescriptor input = fileInMemory(utf8);
     if (!input)
         return false;
-    std::string path = QFile::encodeName(executable).toStdString();
+    std::string path = executable;
     std::string role = std::string(roleVariable) + '=' + std::string(keeperRole);
     const std::array<char*, 2> arguments{path.data(), nullptr};
     std::vector<char*> environment{role.data()}; // in front: the first of a name counts

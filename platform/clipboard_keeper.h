@@ -3,8 +3,6 @@
 #include "platform/clipboard_selection.h"
 #include "platform/file_descriptor.h"
 
-#include <QString>
-
 #include <chrono>
 #include <string>
 
@@ -39,8 +37,8 @@ bool isClipboardKeeperRole();
 /// the clipboard.
 int runClipboardKeeper();
 
-/// Starts `executable` (a path) in the keeper's role with `text`; returns once the text is on the
-/// clipboard. Result: whether it is.
-bool startClipboardKeeper(const QString& executable, const QString& text);
+/// Starts `executable` (a path) in the keeper's role with a text in UTF-8; returns once it is on
+/// the clipboard. Result: whether it is.
+bool startClipboardKeeper(const std::string& executable, const std::string& utf8);
 
 } // namespace orbisgrid

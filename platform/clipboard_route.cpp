@@ -1,21 +1,20 @@
 #include "platform/clipboard_route.h"
 
-#include <QStandardPaths>
+#include "platform/environment.h"
+#include "platform/programs.h"
 
 namespace orbisgrid {
 
 ClipboardRoute clipboardRoute(const ClipboardEnvironment& environment) {
-    if (!environment.waylandDisplay.isEmpty() && environment.hasWaylandTool)
+    if (!environment.waylandDisplay.empty() && environment.hasWaylandTool)
         return ClipboardRoute::waylandTool;
-    return environment.display.isEmpty() ? ClipboardRoute::none : ClipboardRoute::x11Keeper;
+    return environment.display.empty() ? ClipboardRoute::none : ClipboardRoute::x11Keeper;
 }
 
 ClipboardRoute clipboardRoute() {
-    const QString waylandDisplay = qEnvironmentVariable("WAYLAND_DISPLAY");
-    const bool hasWaylandTool =
-        !waylandDisplay.isEmpty() &&
-        !QStandardPaths::findExecutable(QStringLiteral("wl-copy")).isEmpty();
-    return clipboardRoute({waylandDisplay, qEnvironmentVariable("DISPLAY"), hasWaylandTool});
+    const std::string waylandDisplay = environmentVariable("WAYLAND_DISPLAY");
+    const bool hasWaylandTool = !waylandDisplay.empty() && !findProgram("wl-copy").empty();
+    return clipboardRoute({waylandDisplay, environmentVariable("DISPLAY"), hasWaylandTool});
 }
 
 } // namespace orbisgrid

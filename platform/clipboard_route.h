@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <string>
 
 namespace orbisgrid {
 
@@ -13,8 +13,8 @@ enum class ClipboardRoute {
 
 /// What decides; empty for a variable that is not set.
 struct ClipboardEnvironment {
-    QString waylandDisplay;      ///< WAYLAND_DISPLAY
-    QString display;             ///< DISPLAY
+    std::string waylandDisplay;  ///< WAYLAND_DISPLAY
+    std::string display;         ///< DISPLAY
     bool hasWaylandTool = false; ///< wl-copy is on the PATH
 };
 

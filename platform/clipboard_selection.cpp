@@ -1,7 +1,6 @@
 #include "platform/clipboard_selection.h"
 
-#include <QByteArray>
-#include <QString>
+#include "core/text.h"
 
 #include <array>
 #include <cstdlib>
@@ -41,11 +40,19 @@ xcb_window_t ownerOf(xcb_connection_t* connection, xcb_atom_t selection) {
     return reply ? reply->owner : noWindow;
 }
 
+/// In Latin-1, "?" for what it does not have.
+std::string latin1(std::string_view utf8) {
+    std::string bytes;
+    for (const char16_t unit : fromUtf8(utf8))
+        bytes += unit < 0x100 ? static_cast<char>(unit) : '?';
+    return bytes;
+}
+
 } // namespace
 
 ClipboardSelection::ClipboardSelection(std::string utf8)
     : m_utf8(std::move(utf8))
-    , m_latin1(QString::fromStdString(m_utf8).toLatin1().toStdString()) {}
+    , m_latin1(latin1(m_utf8)) {}
 
 ClipboardSelection::~ClipboardSelection() {
     if (m_connection)

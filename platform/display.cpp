@@ -1,6 +1,10 @@
 #include "platform/display.h"
 
-#include <QStringList>
+#include "platform/environment.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
 
 #include <xcb/xcb.h>
 
@@ -8,11 +12,11 @@ namespace orbisgrid {
 
 namespace {
 
-bool needsNoDisplay(const QString& qpaPlatform) {
-    const QStringList withoutDisplay{QStringLiteral("offscreen"),  QStringLiteral("minimal"),
-                                     QStringLiteral("minimalegl"), QStringLiteral("vnc"),
-                                     QStringLiteral("linuxfb"),    QStringLiteral("eglfs")};
-    return withoutDisplay.contains(qpaPlatform.section(u';', 0, 0).section(u':', 0, 0));
+bool needsNoDisplay(std::string_view qpaPlatform) {
+    constexpr std::array<std::string_view, 6> withoutDisplay{"offscreen", "minimal", "minimalegl",
+                                                             "vnc",       "linuxfb", "eglfs"};
+    const std::string_view first = qpaPlatform.substr(0, qpaPlatform.find_first_of(";:"));
+    return std::find(withoutDisplay.begin(), withoutDisplay.end(), first) != withoutDisplay.end();
 }
 
 bool xServerAnswers() {
@@ -25,24 +29,26 @@ bool xServerAnswers() {
 } // namespace
 
 DisplayEnvironment displayEnvironment() {
-    return {qEnvironmentVariable("DISPLAY"), qEnvironmentVariable("WAYLAND_DISPLAY"),
-            qEnvironmentVariable("QT_QPA_PLATFORM"), qEnvironmentVariable("XDG_SESSION_TYPE")};
+    return {environmentVariable("DISPLAY"), environmentVariable("WAYLAND_DISPLAY"),
+            environmentVariable("QT_QPA_PLATFORM"), environmentVariable("XDG_SESSION_TYPE")};
 }
 
 bool hasDisplay(const DisplayEnvironment& environment) {
-    return !environment.display.isEmpty() || !environment.waylandDisplay.isEmpty() ||
+    return !environment.display.empty() || !environment.waylandDisplay.empty() ||
            needsNoDisplay(environment.qpaPlatform);
 }
 
 bool mayUseWayland(const DisplayEnvironment& environment) {
-    const QString wayland = QStringLiteral("wayland");
-    return !environment.waylandDisplay.isEmpty() || environment.qpaPlatform.contains(wayland) ||
+    constexpr std::string_view wayland = "wayland";
+    return !environment.waylandDisplay.empty() ||
+           environment.qpaPlatform.find(wayland) != std::string::npos ||
            environment.sessionType == wayland;
 }
 
 bool isDesktopSession() {
-    return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
-           (!qEnvironmentVariableIsEmpty("DISPLAY") && xServerAnswers());
+    const DisplayEnvironment environment = displayEnvironment();
+    return !environment.waylandDisplay.empty() ||
+           (!environment.display.empty() && xServerAnswers());
 }
 
 } // namespace orbisgrid

@@ -1,15 +1,15 @@
 #pragma once
 
-#include <QString>
+#include <string>
 
 namespace orbisgrid {
 
 /// What the environment says about displays; empty for a variable that is not set.
 struct DisplayEnvironment {
-    QString display;          ///< DISPLAY
-    QString waylandDisplay;   ///< WAYLAND_DISPLAY
-    QString qpaPlatform;      ///< QT_QPA_PLATFORM: "name:options", several with ";" between
-    QString sessionType = {}; ///< XDG_SESSION_TYPE: "x11", "wayland"
+    std::string display;          ///< DISPLAY
+    std::string waylandDisplay;   ///< WAYLAND_DISPLAY
+    std::string qpaPlatform;      ///< QT_QPA_PLATFORM: "name:options", several with ";" between
+    std::string sessionType = {}; ///< XDG_SESSION_TYPE: "x11", "wayland"
 };
 
 /// What this process's environment says.

@@ -2,6 +2,8 @@
 
 #include <unistd.h>
 
+#include <optional>
+#include <string>
 #include <utility>
 
 namespace orbisgrid {
@@ -38,5 +40,8 @@ public:
 private:
     int m_descriptor = -1;
 };
+
+/// Everything that is left to read; nothing where that fails.
+std::optional<std::string> readToEnd(const FileDescriptor& file);
 
 } // namespace orbisgrid

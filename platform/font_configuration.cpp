@@ -2,11 +2,11 @@
 
 #include "platform/shared_library.h"
 
-#include <QByteArray>
-
 #include <sched.h>
 
 #include <clocale>
+#include <cstdlib>
+#include <string>
 #include <tuple>
 
 namespace orbisgrid {
@@ -17,11 +17,12 @@ namespace {
 /// that the thread misses none while it looks for one.
 void makeRemovalHarmless() {
     constexpr const char* removedByQt = "DESKTOP_STARTUP_ID";
-    if (!qEnvironmentVariableIsSet(removedByQt))
+    const char* set = std::getenv(removedByQt); // NOLINT(concurrency-mt-unsafe): one thread yet
+    if (set == nullptr)
         return;
-    const QByteArray value = qgetenv(removedByQt);
-    qunsetenv(removedByQt);
-    qputenv(removedByQt, value);
+    const std::string value = set;
+    ::unsetenv(removedByQt);                 // NOLINT(concurrency-mt-unsafe)
+    ::setenv(removedByQt, value.c_str(), 1); // NOLINT(concurrency-mt-unsafe)
 }
 
 /// Runs fontconfig's FcInit.
@@ -51,7 +52,7 @@ FontConfiguration::~FontConfiguration() {
 void FontConfiguration::startReading() {
     // Looked up here and not on the thread: libraries are loaded one at a time, and the thread
     // would wait for those that are loaded beside it.
-    const SharedLibrary library(QStringLiteral("libfontconfig.so.1"));
+    const SharedLibrary library("libfontconfig.so.1");
     const auto initialize = reinterpret_cast<int (*)()>(library.function("FcInit"));
     if (initialize == nullptr)
         return;

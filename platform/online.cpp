@@ -55,7 +55,7 @@ bool anyLine(std::string_view text, IsDefault isDefault) {
                        [&](std::string_view line) { return isDefault(parts(line, " \t\r")); });
 }
 
-std::string contentOf(const QString& path) {
+std::string contentOf(const std::string& path) {
     return readFile(path).value_or(std::string());
 }
 
@@ -66,8 +66,7 @@ bool hasDefaultRoute(std::string_view routes, std::string_view ipv6Routes) {
 }
 
 bool isOnline() {
-    return hasDefaultRoute(contentOf(QStringLiteral("/proc/net/route")),
-                           contentOf(QStringLiteral("/proc/net/ipv6_route")));
+    return hasDefaultRoute(contentOf("/proc/net/route"), contentOf("/proc/net/ipv6_route"));
 }
 
 } // namespace orbisgrid

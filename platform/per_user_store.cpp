@@ -1,22 +1,32 @@
 #include "platform/per_user_store.h"
 
+#include "platform/environment.h"
 #include "platform/safe_file.h"
 #include "settings/store_text.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QStandardPaths>
-
 #include <algorithm>
+#include <filesystem>
 #include <utility>
 
 namespace orbisgrid {
 
 namespace {
 
+namespace fs = std::filesystem;
+
+/// Result: whether the folder is there. One that is made is its owner's alone.
+bool provideFolder(const fs::path& folder) {
+    std::error_code error;
+    if (folder.empty() || fs::is_directory(folder, error))
+        return true;
+    fs::create_directories(folder, error);
+    if (!error)
+        fs::permissions(folder, fs::perms::owner_all, error);
+    return !error;
+}
+
 /// The store's bytes; empty where there is no file yet; nothing where it cannot be read.
-std::optional<std::string> contentOf(const QString& path) {
+std::optional<std::string> contentOf(const std::string& path) {
     const std::optional<std::string> content = readFile(path);
     // Only what the system calls missing is: a question that fails is no answer, and a store that
     // is taken for empty would be written without the groups of others. A link that leads to no
@@ -26,16 +36,17 @@ std::optional<std::string> contentOf(const QString& path) {
 
 } // namespace
 
-PerUserStore::PerUserStore(QString filePath)
+PerUserStore::PerUserStore(std::string filePath)
     : m_filePath(std::move(filePath)) {}
 
-QString PerUserStore::defaultFilePath() {
-    const QString application = QString::fromUtf16(
-        settingsApplication.data(), static_cast<qsizetype>(settingsApplication.size()));
-    // As QSettings would name it; asking it would make it read the file.
-    return QDir::cleanPath(QDir::current().absoluteFilePath(
-        QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u'/' +
-        application + QStringLiteral(".ini")));
+std::string PerUserStore::defaultFilePath() {
+    std::string folder = environmentVariable("XDG_CONFIG_HOME");
+    if (folder.empty())
+        folder = environmentVariable("HOME") + "/.config";
+    folder += '/' + toUtf8(settingsApplication) + ".ini";
+    std::error_code error; // without a current folder a relative path stays what it is
+    const fs::path absolute = fs::absolute(folder, error);
+    return (error ? fs::path(folder) : absolute).lexically_normal().string();
 }
 
 std::optional<Text> PerUserStore::read(TextView key, TextView defaultValue) const {
@@ -46,10 +57,7 @@ std::optional<Text> PerUserStore::read(TextView key, TextView defaultValue) cons
 }
 
 bool PerUserStore::write(const std::vector<Setting>& settings) {
-    constexpr auto ownerOnly = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
-    const QDir folder = QFileInfo(m_filePath).dir();
-    if (!folder.exists() &&
-        !(QDir().mkpath(folder.path()) && QFile::setPermissions(folder.path(), ownerOnly)))
+    if (!provideFolder(fs::path(m_filePath).parent_path()))
         return false;
     const std::optional<std::string> content = contentOf(m_filePath);
     if (!content)

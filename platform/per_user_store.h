@@ -2,19 +2,19 @@
 
 #include "settings/settings_store.h"
 
-#include <QString>
+#include <string>
 
 namespace orbisgrid {
 
 /// The settings store in the file that QSettings has for this user: ZZ9QX.ini in the configuration
 /// folder, group [Orbisgrid]. Other groups and keys survive a write. System-wide files of the same
-/// name are not looked at. Needs no QCoreApplication.
+/// name are not looked at.
 class PerUserStore : public SettingsStore {
 public:
     /// The store in the user's configuration folder, or in a file of its own (tests).
-    explicit PerUserStore(QString filePath = defaultFilePath());
+    explicit PerUserStore(std::string filePath = defaultFilePath());
 
-    static QString defaultFilePath();
+    static std::string defaultFilePath();
 
     /// As SettingsStore. A value that an editor split at a comma is read as one text again.
     std::optional<Text> read(TextView key, TextView defaultValue) const override;
@@ -25,7 +25,7 @@ public:
     bool write(const std::vector<Setting>& settings) override;
 
 private:
-    QString m_filePath;
+    std::string m_filePath;
 };
 
 } // namespace orbisgrid

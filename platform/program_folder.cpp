@@ -1,34 +1,35 @@
 #include "platform/program_folder.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
+#include "platform/environment.h"
+
+#include <filesystem>
+#include <utility>
 
 namespace orbisgrid {
 
 namespace {
 
-QString withoutTrailingSeparators(QString path) {
-    while (path.size() > 1 && path.endsWith(u'/'))
-        path.chop(1);
+std::string withoutTrailingSeparators(std::string path) {
+    while (path.size() > 1 && path.ends_with('/'))
+        path.pop_back();
     return path;
 }
 
 } // namespace
 
-QString programFolder() {
-    const QString named = QFile::decodeName(qgetenv("ORBISGRID_PROGRAM_FOLDER"));
-    if (!named.isEmpty())
-        return withoutTrailingSeparators(QDir::current().absoluteFilePath(named));
-    const QString folder = executableFolder();
-    return folder.isEmpty() ? QDir::currentPath() : folder;
+std::string programFolder() {
+    const std::string named = environmentVariable("ORBISGRID_PROGRAM_FOLDER");
+    std::string folder = named.empty() ? executableFolder() : named;
+    std::error_code error; // without a current folder a relative path stays what it is
+    const std::string absolute = folder.empty() ? std::filesystem::current_path(error).string()
+                                                : std::filesystem::absolute(folder, error).string();
+    return withoutTrailingSeparators(error ? std::move(folder) : absolute);
 }
 
-QString executableFolder() {
-    // Not by argv[0], which the caller chooses, and not by QCoreApplication, which the command line
-    // does without.
-    const QString executable = QFile::symLinkTarget(QStringLiteral("/proc/self/exe"));
-    return executable.isEmpty() ? QString() : QFileInfo(executable).path();
+std::string executableFolder() {
+    // Not by argv[0], which the caller chooses.
+    std::error_code error;
+    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path().string();
 }
 
 } // namespace orbisgrid

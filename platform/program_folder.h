@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <string>
 
 namespace orbisgrid {
 
@@ -11,12 +11,12 @@ namespace orbisgrid {
 /// (a package's launcher names a folder that the user can write); a relative path counts from the
 /// current folder, links in it stay as they are.
 ///
-/// Needs no QCoreApplication. Where the system does not say which file runs, the current folder.
-QString programFolder();
+/// Where the system does not say which file runs, the current folder.
+std::string programFolder();
 
 /// The folder that holds the executable, links resolved, whatever takes its place as the program
 /// folder: what belongs to the executable lies there. Empty where the system does not say which
 /// file runs.
-QString executableFolder();
+std::string executableFolder();
 
 } // namespace orbisgrid

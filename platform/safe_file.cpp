@@ -2,8 +2,6 @@
 
 #include "platform/file_descriptor.h"
 
-#include <QFile>
-
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -22,10 +20,6 @@ namespace orbisgrid {
 namespace {
 
 constexpr mode_t modeOfNewFiles = 0666; // less the umask
-
-std::string encoded(const QString& path) {
-    return QFile::encodeName(path).toStdString();
-}
 
 /// A path in two parts; `folder` ends with its separator and is empty for the current folder.
 struct SplitPath {
@@ -79,21 +73,6 @@ bool writeAll(const FileDescriptor& file, std::string_view bytes) {
 /// A disk that is full may say so only here. File systems that cannot flush are no failure.
 bool isFlushed(const FileDescriptor& file, Flush flush) {
     return flush == Flush::later || ::fsync(file.get()) == 0 || errno == EINVAL || errno == EROFS;
-}
-
-std::optional<std::string> readAll(const FileDescriptor& file) {
-    std::string bytes;
-    std::array<char, 16384> buffer{};
-    for (;;) {
-        const ssize_t count = ::read(file.get(), buffer.data(), buffer.size());
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count < 0)
-            return std::nullopt;
-        if (count == 0)
-            return bytes;
-        bytes.append(buffer.data(), static_cast<std::size_t>(count));
-    }
 }
 
 // The second file -------------------------------------------------------------------------------
@@ -243,7 +222,7 @@ bool writeDirectly(const std::string& target, std::string_view bytes, Flush flus
     const FileDescriptor file(::open(target.c_str(), O_RDWR | O_CLOEXEC));
     if (!file)
         return false;
-    const std::optional<std::string> old = readAll(file);
+    const std::optional<std::string> old = readToEnd(file);
     if (!old)
         return false;
     if (reserve(file, old->size(), bytes.size()) && overwrite(file, bytes, flush))
@@ -254,23 +233,23 @@ bool writeDirectly(const std::string& target, std::string_view bytes, Flush flus
 
 } // namespace
 
-std::optional<std::string> readFile(const QString& path) {
+std::optional<std::string> readFile(const std::string& path) {
     // Without O_NONBLOCK a pipe in the file's place would wait for a writer.
-    const FileDescriptor file(::open(encoded(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
 
     struct stat status = {};
 
     if (!file || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode))
         return std::nullopt;
-    return readAll(file);
+    return readToEnd(file);
 }
 
-bool isMissing(const QString& path) {
-    return !statusOf(encoded(path)) && errno == ENOENT;
+bool isMissing(const std::string& path) {
+    return !statusOf(path) && errno == ENOENT;
 }
 
-bool saveFile(const QString& path, std::string_view bytes, Flush flush) {
-    const std::optional<std::string> target = behindLinks(encoded(path));
+bool saveFile(const std::string& path, std::string_view bytes, Flush flush) {
+    const std::optional<std::string> target = behindLinks(path);
     if (!target)
         return false;
     const std::optional<struct stat> old = statusOf(*target);
@@ -290,8 +269,8 @@ bool saveFile(const QString& path, std::string_view bytes, Flush flush) {
     return false;
 }
 
-bool isSavable(const QString& path) {
-    const std::optional<std::string> target = behindLinks(encoded(path));
+bool isSavable(const std::string& path) {
+    const std::optional<std::string> target = behindLinks(path);
     if (!target)
         return false;
     if (const std::optional<struct stat> status = statusOf(*target))

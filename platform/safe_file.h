@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QString>
-
 #include <optional>
 #include <string>
 #include <string_view>
@@ -9,11 +7,11 @@
 namespace orbisgrid {
 
 /// The content of a regular file; nothing when there is none or it cannot be read to its end.
-std::optional<std::string> readFile(const QString& path);
+std::optional<std::string> readFile(const std::string& path);
 
 /// Whether there is no file, as the system says it: a link that leads nowhere is none, a path that
 /// cannot be looked at is not known to be.
-bool isMissing(const QString& path);
+bool isMissing(const std::string& path);
 
 /// Whether a save waits for the disk. Waiting takes 4 to 12 ms and is what keeps the content
 /// through a loss of power; a full disk and a kill do no harm either way.
@@ -32,12 +30,13 @@ enum class Flush { beforeReturning, later };
 ///   removed, if they are older than `leftoverAgeSeconds`: a younger one may be at work.
 ///
 /// Result: whether the file now holds `bytes`; if not, it holds what it held.
-bool saveFile(const QString& path, std::string_view bytes, Flush flush = Flush::beforeReturning);
+bool saveFile(const std::string& path, std::string_view bytes,
+              Flush flush = Flush::beforeReturning);
 
 /// Far longer than a save takes, even on a sleeping network disk.
 inline constexpr int leftoverAgeSeconds = 600;
 
 /// Whether `saveFile` would be allowed to write there, as far as rights tell.
-bool isSavable(const QString& path);
+bool isSavable(const std::string& path);
 
 } // namespace orbisgrid

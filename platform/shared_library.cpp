@@ -1,21 +1,19 @@
 #include "platform/shared_library.h"
 
-#include <QFile>
-
 #include <dlfcn.h>
 
 namespace orbisgrid {
 
-SharedLibrary::SharedLibrary(const QString& path)
-    : m_handle(::dlopen(QFile::encodeName(path).constData(), RTLD_LAZY | RTLD_LOCAL)) {}
+SharedLibrary::SharedLibrary(const std::string& path)
+    : m_handle(::dlopen(path.c_str(), RTLD_LAZY | RTLD_LOCAL)) {}
 
 SharedLibrary::Function SharedLibrary::function(const char* name) const {
     return m_handle == nullptr ? nullptr : reinterpret_cast<Function>(::dlsym(m_handle, name));
 }
 
-QString SharedLibrary::whatIsWrong() {
+std::string SharedLibrary::whatIsWrong() {
     const char* text = ::dlerror();
-    return text == nullptr ? QString() : QString::fromLocal8Bit(text);
+    return text == nullptr ? std::string() : std::string(text);
 }
 
 } // namespace orbisgrid

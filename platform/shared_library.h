@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <string>
 
 namespace orbisgrid {
 
@@ -9,14 +9,14 @@ class SharedLibrary {
 public:
     /// Loads the file at `path`. What the libraries that it needs call in each other is bound when
     /// it is called first, which saves a tenth of the loading.
-    explicit SharedLibrary(const QString& path);
+    explicit SharedLibrary(const std::string& path);
 
     /// The function of that name; nothing where the library could not be loaded or has none.
     using Function = void (*)();
     Function function(const char* name) const;
 
     /// Why something is missing, in the system's words; asked right after it was found missing.
-    static QString whatIsWrong();
+    static std::string whatIsWrong();
 
 private:
     void* m_handle;

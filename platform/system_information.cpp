@@ -1,10 +1,13 @@
 #include "platform/system_information.h"
 
-#include <QProcess>
-#include <QStandardPaths>
-#include <QStringList>
+#include "platform/environment.h"
+#include "platform/programs.h"
 
+#include <strings.h>
+
+#include <algorithm>
 #include <array>
+#include <string_view>
 
 namespace orbisgrid {
 
@@ -40,20 +43,20 @@ constexpr std::array<const char*, 9> toolsAnywhere{"hardinfo2",
                                                    "qps"};
 
 template <typename Programs>
-QString firstInstalled(const Programs& programs) {
+std::string firstInstalled(const Programs& programs) {
     for (const char* const program : programs) {
         if (program == nullptr)
             break;
-        QString path = QStandardPaths::findExecutable(QString::fromLatin1(program));
-        if (!path.isEmpty())
+        std::string path = findProgram(program);
+        if (!path.empty())
             return path;
     }
     return {};
 }
 
-QString toolOfDesktop(const QString& desktop) {
+std::string toolOfDesktop(const std::string& desktop) {
     for (const DesktopTools& tools : toolsByDesktop) {
-        if (desktop.compare(QLatin1String(tools.desktop), Qt::CaseInsensitive) == 0)
+        if (::strcasecmp(desktop.c_str(), tools.desktop) == 0)
             return firstInstalled(tools.programs);
     }
     return {};
@@ -61,18 +64,17 @@ QString toolOfDesktop(const QString& desktop) {
 
 } // namespace
 
-QString findSystemInformationTool() {
-    const QString desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP");
-    for (const QString& desktop : desktops.split(u':', Qt::SkipEmptyParts)) {
-        QString path = toolOfDesktop(desktop);
-        if (!path.isEmpty())
+std::string findSystemInformationTool() {
+    const std::string desktops = environmentVariable("XDG_CURRENT_DESKTOP");
+    std::string_view rest = desktops;
+    while (!rest.empty()) {
+        const std::string desktop(rest.substr(0, rest.find(':')));
+        rest.remove_prefix(std::min(rest.size(), desktop.size() + 1));
+        std::string path = toolOfDesktop(desktop);
+        if (!path.empty())
             return path;
     }
     return firstInstalled(toolsAnywhere);
-}
-
-bool startProgram(const QString& path) {
-    return QProcess::startDetached(path, {});
 }
 
 } // namespace orbisgrid

@@ -1,16 +1,12 @@
 #pragma once
 
-#include <QString>
+#include <string>
 
 namespace orbisgrid {
 
 /// The full path of the program that shows what this machine is made of: the running desktop's own
 /// tool (XDG_CURRENT_DESKTOP, its first name first), else any of the usual ones that is installed.
 /// Empty where there is none. Programs are looked for in PATH.
-QString findSystemInformationTool();
-
-/// Starts a program by its full path, without arguments, and does not wait for it.
-/// Result: whether it was started.
-bool startProgram(const QString& path);
+std::string findSystemInformationTool();
 
 } // namespace orbisgrid

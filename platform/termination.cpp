@@ -5,7 +5,6 @@
 
 #include <atomic>
 #include <cerrno>
-#include <utility>
 
 namespace orbisgrid {
 
@@ -26,14 +25,10 @@ extern "C" void passSignalToPipe(int) {
 
 } // namespace
 
-Termination::Termination(std::function<void()> onRequest, QObject* parent)
-    : QObject(parent)
-    , m_onRequest(std::move(onRequest)) {
+TerminationSignals::TerminationSignals() {
     if (::pipe2(m_pipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
-        return; // the signals keep their former meaning: they end the program at once
+        return;
     pipeOfTheHandler = m_pipe[1];
-    m_notifier = new QSocketNotifier(m_pipe[0], QSocketNotifier::Read, this);
-    connect(m_notifier, &QSocketNotifier::activated, this, [this] { passOn(); });
 
     struct sigaction action = {};
 
@@ -47,22 +42,20 @@ Termination::Termination(std::function<void()> onRequest, QObject* parent)
     }
 }
 
-Termination::~Termination() {
-    if (!m_notifier)
+TerminationSignals::~TerminationSignals() {
+    if (descriptor() < 0)
         return;
     for (std::size_t i = 0; i < signals.size(); ++i)
         ::sigaction(signals.at(i), &m_former.at(i), nullptr);
     pipeOfTheHandler = -1;
-    delete m_notifier; // before the descriptor that it watches
     ::close(m_pipe[0]);
     ::close(m_pipe[1]);
 }
 
-void Termination::passOn() {
+void TerminationSignals::take() const {
     std::array<char, 16> taken{};
-    while (::read(m_pipe[0], taken.data(), taken.size()) > 0) {
+    while (::read(descriptor(), taken.data(), taken.size()) > 0) {
     }
-    m_onRequest();
 }
 
 } // namespace orbisgrid

@@ -1,7 +1,7 @@
 #include "ui/about_window.h"
 
 #include "panels/system_info.h"
-#include "platform/system_information.h"
+#include "platform/programs.h"
 #include "ui/about_pictures.h"
 #include "ui/addresses.h"
 #include "ui/link_label.h"
@@ -267,7 +267,7 @@ void frmAbout::Label4_Click() {
 void frmAbout::StartSysInfo() {
     const auto fileExists = [](const Text& path) { return QFileInfo(toQString(path)).isFile(); };
     const std::optional<Text> path = systemInformationPath(m_registry, fileExists);
-    if (path && startProgram(toQString(*path)))
+    if (path && startProgram(toUtf8(*path)))
         return;
     showMessageBox(this,
                    {u"System Information Is Unavailable At This Time", {}, MessageIcon::none});

@@ -1,7 +1,6 @@
 #include "ui/desktop_tool_registry.h"
 
 #include "platform/system_information.h"
-#include "ui/qt_text.h"
 
 #include <algorithm>
 
@@ -18,7 +17,7 @@ std::optional<ToolRegistry::Value> DesktopToolRegistry::query(Key /*key*/, TextV
                                                               std::span<char16_t> buffer) {
     if (name != u"PATH")
         return std::nullopt;
-    const Text tool = toText(findSystemInformationTool());
+    const Text tool = fromUtf8(findSystemInformationTool());
     if (tool.empty() || tool.size() + 1 > buffer.size())
         return std::nullopt;
     std::ranges::copy(tool, buffer.begin());

@@ -1,10 +1,10 @@
 #include "ui/help_window.h"
 
+#include "platform/safe_file.h"
 #include "ui/link_label.h"
 #include "ui/qt_text.h"
 #include "ui/window_messages.h"
 
-#include <QFile>
 #include <QGridLayout>
 #include <QInputDialog>
 #include <QLabel>
@@ -39,22 +39,23 @@ QFont manualFont(const QFont& base) {
 }
 
 /// What stands in the window where there is no manual to show.
-QString missingManual(const QString& path) {
-    return QStringLiteral("The manual cannot be shown.\n"
-                          "\n"
-                          "It is a plain text file that belongs beside the program:\n"
-                          "\n"
-                          "    %1\n"
-                          "\n"
-                          "The file is missing, or you have no right to read it. Put it\n"
-                          "back from the package that the program came in, and open this\n"
-                          "window again. Everything else in the program works without it.\n")
-        .arg(path);
+std::string missingManual(const std::string& path) {
+    return "The manual cannot be shown.\n"
+           "\n"
+           "It is a plain text file that belongs beside the program:\n"
+           "\n"
+           "    " +
+           path +
+           "\n"
+           "\n"
+           "The file is missing, or you have no right to read it. Put it\n"
+           "back from the package that the program came in, and open this\n"
+           "window again. Everything else in the program works without it.\n";
 }
 
 } // namespace
 
-Help::Help(const QString& programFolder, QWidget* parent)
+Help::Help(const std::string& programFolder, QWidget* parent)
     : QDialog(parent)
     , m_label1(new QLabel(QStringLiteral("Manual"), this))
     , m_label2(new LinkLabel(QStringLiteral("Find..."), this))
@@ -106,12 +107,11 @@ void Help::buildKeys() {
     m_text1->setFocus();
 }
 
-void Help::load(const QString& programFolder) {
+void Help::load(const std::string& programFolder) {
     setWindowTitle(QStringLiteral("Help: Manual Orbisgrid"));
-    QFile file(programFolder + QStringLiteral("/Readme.txt"));
-    const bool isRead = file.open(QIODevice::ReadOnly);
-    const QByteArray bytes = isRead ? file.readAll() : missingManual(file.fileName()).toUtf8();
-    const Text manual = manualText({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    const std::string path = programFolder + "/Readme.txt";
+    const std::optional<std::string> bytes = readFile(path);
+    const Text manual = manualText(bytes ? *bytes : missingManual(path));
     m_display = ManualDisplay(manual);
     m_text1->setPlainText(toQString(m_display.text()));
     m_search = ManualSearch(manual);

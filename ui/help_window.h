@@ -5,6 +5,8 @@
 
 #include <QDialog>
 
+#include <string>
+
 class QLabel;
 class QPlainTextEdit;
 
@@ -21,12 +23,12 @@ class Help : public QDialog {
 
 public:
     /// `programFolder` is an absolute path without a separator at its end.
-    explicit Help(const QString& programFolder, QWidget* parent = nullptr);
+    explicit Help(const std::string& programFolder, QWidget* parent = nullptr);
 
 private:
     void buildControls();
     void buildKeys();
-    void load(const QString& programFolder);
+    void load(const std::string& programFolder);
 
     void Label2_Click();
     void DoTheSearch();

@@ -232,8 +232,8 @@ void LocatorConverter::closeEvent(QCloseEvent* event) {
     event->accept();
 }
 
-QString LocatorConverter::iniPath() const {
-    return m_surroundings.programFolder + QStringLiteral("/Orbisgrid.ini");
+std::string LocatorConverter::iniPath() const {
+    return m_surroundings.programFolder + "/Orbisgrid.ini";
 }
 
 // Handlers --------------------------------------------------------------------------------------

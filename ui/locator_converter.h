@@ -10,6 +10,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
 
 class QCheckBox;
 class QLayout;
@@ -25,7 +26,7 @@ class ToolRegistry;
 /// What the main window needs of the machine. Handed in, so that a test hands in another one.
 struct Surroundings {
     SettingsStore& store;
-    QString programFolder; ///< where Orbisgrid.ini and Readme.txt lie; no separator at its end
+    std::string programFolder; ///< where Orbisgrid.ini and Readme.txt lie; no separator at its end
     std::function<bool()> isOnline;
     ToolRegistry& registry; ///< of the About window
 };
@@ -78,7 +79,7 @@ private:
     void cmdShowMapURL_Click() const;
     void showForm();
 
-    QString iniPath() const;
+    std::string iniPath() const;
 
     Surroundings m_surroundings;
     LocatorConverterForm m_form;

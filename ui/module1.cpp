@@ -2,12 +2,13 @@
 
 #include "platform/online.h"
 #include "platform/opener.h"
-#include "platform/stacking.h"
 #include "ui/addresses.h"
 #include "ui/version.h"
 
 #include <QWidget>
 #include <QWindow>
+
+#include <string>
 
 namespace orbisgrid {
 
@@ -17,19 +18,20 @@ bool IsOnline() {
 
 void SetTopMost(QWidget& mainWindow, bool onTop) {
     mainWindow.winId(); // makes the window that is to be put on top, if there is none yet
-    setTopMost(*mainWindow.windowHandle(), onTop);
+    // Not QWidget::setWindowFlag, which would hide the window and show another one in its place.
+    mainWindow.windowHandle()->setFlag(Qt::WindowStaysOnTopHint, onTop);
 }
 
 void OpenWebPage(QString& text) {
     if (text.isEmpty())
         text = homePageAddress();
-    openAddress(text);
+    openAddress(text.toStdString());
 }
 
 void MailAuthor() {
-    openAddress(QStringLiteral("mailto:") + mailAddress() + QStringLiteral("?subject=Orbisgrid v") +
-                QString::number(versionMajor) + QString::number(versionMinor) +
-                QString::number(versionRevision));
+    openAddress("mailto:" + mailAddress().toStdString() + "?subject=Orbisgrid v" +
+                std::to_string(versionMajor) + std::to_string(versionMinor) +
+                std::to_string(versionRevision));
 }
 
 } // namespace orbisgrid

@@ -9,7 +9,9 @@ namespace orbisgrid {
 /// Whether the machine has a way to the internet.
 bool IsOnline();
 
-/// Keeps the main window above all others, or no longer. Works before it is shown, too.
+/// Keeps the main window above all others, or no longer. A window that is on the screen stays
+/// there: it is neither hidden nor moved nor made anew; one that is not yet shown comes up in its
+/// place in the stack. Where the window system has no such order (Wayland) nothing happens.
 void SetTopMost(QWidget& mainWindow, bool onTop);
 
 /// Opens a web page with the desktop's browser. An empty text becomes the author's home page, in

@@ -160,7 +160,7 @@ TEST_F(ClipboardKeeperTest, WindowHandsOverByAProcessOfItsOwn) {
 
 TEST_F(ClipboardKeeperTest, WindowIsToldOfAFailure) {
     EXPECT_EQ(shell("DISPLAY= exec " + probe + " window x").status, 1);
-    EXPECT_FALSE(startClipboardKeeper(QStringLiteral("/no/such/program"), QStringLiteral("x")));
+    EXPECT_FALSE(startClipboardKeeper("/no/such/program", "x"));
 }
 
 // Without a server ------------------------------------------------------------------------------

@@ -6,11 +6,10 @@
 
 #include "platform/clipboard_keeper.h"
 
-#include <QCoreApplication>
-#include <QThread>
-
 #include <cstdio>
+#include <future>
 #include <string_view>
+#include <thread>
 
 #include <unistd.h>
 
@@ -23,14 +22,12 @@ int copy(const char* text) {
     return handover.wait() ? 0 : 1;
 }
 
-int copyFromAWindow(int argc, char** argv) {
-    const QCoreApplication application(argc, argv);
-    QThread thread;
-    thread.start();
-    const bool isCopied = orbisgrid::startClipboardKeeper(QCoreApplication::applicationFilePath(),
-                                                          QString::fromUtf8(argv[2]));
-    thread.quit();
-    thread.wait();
+int copyFromAWindow(const char* text) {
+    std::promise<void> end;
+    std::thread thread([&end] { end.get_future().wait(); });
+    const bool isCopied = orbisgrid::startClipboardKeeper("/proc/self/exe", text);
+    end.set_value();
+    thread.join();
     return isCopied ? 0 : 1;
 }
 
@@ -43,7 +40,7 @@ int main(int argc, char** argv) {
     if (task == "copy" && argc == 3)
         ::_exit(copy(argv[2]));
     if (task == "window" && argc == 3)
-        return copyFromAWindow(argc, argv);
+        return copyFromAWindow(argv[2]);
     if (task == "has-owner")
         return orbisgrid::clipboardHasOwner() ? 0 : 1;
     return 2;

@@ -2,7 +2,7 @@
 
 #include "app/window_library.h"
 
-extern "C" Q_DECL_EXPORT const orbisgrid::WindowLibrary* orbisgridWindowLibrary() {
+extern "C" [[gnu::visibility("default")]] const orbisgrid::WindowLibrary* orbisgridWindowLibrary() {
     static constexpr orbisgrid::WindowLibrary library{u"0.0.0", nullptr, nullptr};
     return &library;
 }

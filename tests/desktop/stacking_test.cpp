@@ -1,10 +1,11 @@
-#include "platform/stacking.h"
 #include "tests/desktop/keepers.h"
 #include "tests/support/child.h"
 #include "tests/support/x_server.h"
+#include "ui/module1.h"
 
-#include <QGuiApplication>
-#include <QRasterWindow>
+#include <QApplication>
+#include <QWidget>
+#include <QWindow>
 
 #include <gtest/gtest.h>
 
@@ -15,16 +16,21 @@ namespace {
 using test::comesTrue;
 using test::shell;
 
-bool isAbove(const QWindow& window) {
+/// The window as the server has it; the widget itself may still know the one that it had before it
+/// was shown.
+WId idOf(const QWidget& window) {
+    return window.windowHandle()->winId();
+}
+
+bool isAbove(const QWidget& window) {
     QCoreApplication::processEvents();
-    return shell("xprop -id " + std::to_string(window.winId()) + " _NET_WM_STATE")
+    return shell("xprop -id " + std::to_string(idOf(window)) + " _NET_WM_STATE")
                .output.find("_NET_WM_STATE_ABOVE") != std::string::npos;
 }
 
 /// Position of a window's frame and whether it is on the screen, as the server has it.
-std::string placeOf(const QWindow& window) {
-    return shell("xwininfo -id " + std::to_string(window.winId()) +
-                 " | grep -E 'Absolute|Map State'")
+std::string placeOf(const QWidget& window) {
+    return shell("xwininfo -id " + std::to_string(idOf(window)) + " | grep -E 'Absolute|Map State'")
         .output;
 }
 
@@ -38,18 +44,17 @@ public:
     }
 };
 
-/// One test for everything: a process has one QGuiApplication.
+/// One test for everything: a process has one QApplication.
 TEST(Stacking, WindowStaysInPlaceWhileItGoesUpAndDown) {
     test::XServer server;
     server.useInThisProcess();
     server.startWindowManager();
     int count = 0;
-    const QGuiApplication application(count, nullptr);
+    const QApplication application(count, nullptr);
 
-    QRasterWindow window;
+    QWidget window;
     window.setGeometry(200, 150, 300, 200);
-    window.create();
-    setTopMost(window, true);
+    SetTopMost(window, true);
     EXPECT_FALSE(window.isVisible());
     window.show();
     EXPECT_TRUE(comesTrue([&] { return isAbove(window); })) << "set before it was shown";
@@ -61,12 +66,12 @@ TEST(Stacking, WindowStaysInPlaceWhileItGoesUpAndDown) {
     HideCounter counter;
     window.installEventFilter(&counter);
     const std::string place = placeOf(window);
-    const WId id = window.winId();
-    setTopMost(window, false);
+    const WId id = idOf(window);
+    SetTopMost(window, false);
     EXPECT_TRUE(comesTrue([&] { return !isAbove(window); }));
-    setTopMost(window, true);
+    SetTopMost(window, true);
     EXPECT_TRUE(comesTrue([&] { return isAbove(window); }));
-    EXPECT_EQ(window.winId(), id);
+    EXPECT_EQ(idOf(window), id);
     EXPECT_EQ(placeOf(window), place);
     EXPECT_EQ(counter.hides, 0);
 }

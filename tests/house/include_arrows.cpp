@@ -29,7 +29,12 @@ const std::map<std::string, Rooms>& arrows() {
 
 /// Single files beyond the arrows: every room may speak in texts, and those are core's.
 bool isAllowedFile(const std::string& room, const std::string& included) {
-    return room == "ui" && included == "core/text.h";
+    return (room == "ui" || room == "platform") && included == "core/text.h";
+}
+
+/// The room that a file or an include belongs to: the folder that its path begins with.
+std::string roomOf(const std::string& place) {
+    return place.substr(0, place.find('/'));
 }
 
 /// The headers of the C++ standard library that the rooms use. An allow-list: whatever is not on it
@@ -45,44 +50,50 @@ bool isStandardHeader(const std::string& included) {
     return standard.contains(included);
 }
 
-bool mayUseQt(const std::string& room) {
-    return room == "app" || room == "ui" || room == "platform";
+/// Where Qt is: the windows, and the library that they are put together in. `place` is a file or
+/// what an include names.
+bool isWhereQtIs(const std::string& place) {
+    return place.starts_with("ui/") || place.starts_with("app/window/");
 }
 
-/// Why a room may not include a header in angle brackets; empty if it may.
-std::string whyNotLibrary(const std::string& room, const std::string& included) {
+/// Why a file may not include a header in angle brackets; empty if it may.
+std::string whyNotLibrary(const std::string& file, const std::string& included) {
     if (included.starts_with("Q"))
-        return mayUseQt(room) ? "" : "Qt below ui/ and platform/";
-    if (isStandardHeader(included) || room == "platform")
+        return isWhereQtIs(file) ? "" : "Qt outside ui/ and app/window/";
+    if (isStandardHeader(included) || roomOf(file) == "platform")
         return {};
     return "not the standard library, and outside platform/";
 }
 
-/// Why a room may not include one of our own headers; empty if it may.
-std::string whyNotOurs(const std::string& room, const std::string& included) {
+/// Why a file may not include one of our own headers; empty if it may.
+std::string whyNotOurs(const std::string& file, const std::string& included) {
+    const std::string room = roomOf(file);
     const std::size_t slash = included.find('/');
     if (slash == std::string::npos)
         return "not written from the root";
-    const std::string other = included.substr(0, slash);
+    const bool isExecutables = room == "app" && !isWhereQtIs(file);
+    if (isExecutables && isWhereQtIs(included) && included != "ui/version.h")
+        return "the executable does without Qt";
+    const std::string other = roomOf(included);
     if (other == room || arrows().at(room).contains(other) || isAllowedFile(room, included))
         return {};
     return "no arrow from " + room + "/ to " + other + "/";
 }
 
-void checkFile(const std::filesystem::path& file, const std::string& room,
+void checkFile(const std::filesystem::path& root, const std::filesystem::path& path,
                std::vector<std::string>& broken) {
     static const std::regex pattern(R"(^\s*#\s*include\s*([<"])([^>"]+)[>"])");
-    std::ifstream stream(file);
+    const std::string file = path.lexically_relative(root).generic_string();
+    std::ifstream stream(path);
     std::string line;
     while (std::getline(stream, line)) {
         std::smatch match;
         if (!std::regex_search(line, match, pattern))
             continue;
         const std::string why =
-            match[1] == "\"" ? whyNotOurs(room, match[2]) : whyNotLibrary(room, match[2]);
+            match[1] == "\"" ? whyNotOurs(file, match[2]) : whyNotLibrary(file, match[2]);
         if (!why.empty())
-            broken.push_back(room + "/" + file.filename().string() + ": " + match[2].str() + ": " +
-                             why);
+            broken.push_back(file + ": " + match[2].str() + ": " + why);
     }
 }
 
@@ -96,7 +107,7 @@ std::vector<std::string> brokenArrows(const std::filesystem::path& root) {
         for (const auto& entry : std::filesystem::recursive_directory_iterator(root / room)) {
             const std::string extension = entry.path().extension().string();
             if (extension == ".cpp" || extension == ".h" || extension == ".in")
-                checkFile(entry.path(), room, broken);
+                checkFile(root, entry.path(), broken);
         }
     }
     std::sort(broken.begin(), broken.end());

@@ -43,6 +43,14 @@ TEST(Arrows, ThereAreSourcesToLookAt) {
         EXPECT_TRUE(fs::exists(fs::path(ORBISGRID_SOURCES) / file)) << file;
 }
 
+TEST(Arrows, QtIsWhereTheWindowsAre) {
+    const PlantedTree tree;
+    tree.plant("ui/a.h", "#include <QWidget>");
+    tree.plant("app/window/a.cpp", "#include <QApplication>\n#include \"ui/a.h\"");
+    tree.plant("app/main.cpp", "#include \"ui/version.h\"");
+    EXPECT_EQ(brokenArrows(tree.root()), std::vector<std::string>{});
+}
+
 struct Plant {
     const char* file;
     const char* line;
@@ -74,8 +82,15 @@ INSTANTIATE_TEST_SUITE_P(
         Plant{"platform/a.h", "#include \"ui/icons.h\"", "no arrow from platform/ to ui/"},
         Plant{"ui/a.cpp", "#include \"geodesy/great_circle.h\"", "no arrow from ui/ to geodesy/"},
         Plant{"ui/a.cpp", "#include \"core/number_text.h\"", "no arrow from ui/ to core/"},
-        Plant{"panels/a.cpp", "#include <QString>", "Qt below ui/ and platform/"},
-        Plant{"core/a.cpp", "#include <QtCore/qglobal.h>", "Qt below ui/ and platform/"},
+        Plant{"panels/a.cpp", "#include <QString>", "Qt outside ui/ and app/window/"},
+        Plant{"core/a.cpp", "#include <QtCore/qglobal.h>", "Qt outside ui/ and app/window/"},
+        Plant{"platform/a.h", "#include <QString>", "Qt outside ui/ and app/window/"},
+        Plant{"app/main.cpp", "#include <QCoreApplication>", "Qt outside ui/ and app/window/"},
+        Plant{"app/main.cpp", "#include \"ui/qt_text.h\"", "the executable does without Qt"},
+        Plant{"app/main.cpp", "#include \"app/window/window_run.h\"",
+              "the executable does without Qt"},
+        Plant{"app/window/a.cpp", "#include <unistd.h>",
+              "not the standard library, and outside platform/"},
         Plant{"ui/a.cpp", "#include <unistd.h>", "not the standard library, and outside platform/"},
         Plant{"app/a.cpp", "#include <xcb/xcb.h>",
               "not the standard library, and outside platform/"},

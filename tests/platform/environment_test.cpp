@@ -16,9 +16,9 @@ using test::Row;
 using test::shell;
 using test::TemporaryFolder;
 
-QString variable(const Row& row, std::string_view column) {
+std::string variable(const Row& row, std::string_view column) {
     const std::string& value = row[column];
-    return value == "-" ? QString() : QString::fromStdString(value);
+    return value == "-" ? std::string() : value;
 }
 
 // Display ---------------------------------------------------------------------------------------
@@ -37,11 +37,11 @@ INSTANTIATE_TEST_SUITE_P(Rows, DisplayTest, testing::ValuesIn(test::readTable("d
 
 TEST(Display, MayBeWaylands) {
     EXPECT_FALSE(mayUseWayland({}));
-    EXPECT_FALSE(mayUseWayland({QStringLiteral(":0"), {}, QStringLiteral("xcb")}));
-    EXPECT_FALSE(mayUseWayland({QStringLiteral(":0"), {}, {}, QStringLiteral("x11")}));
-    EXPECT_TRUE(mayUseWayland({QStringLiteral(":0"), QStringLiteral("wayland-0"), {}}));
-    EXPECT_TRUE(mayUseWayland({{}, {}, QStringLiteral("xcb;wayland-egl")}));
-    EXPECT_TRUE(mayUseWayland({{}, {}, {}, QStringLiteral("wayland")}));
+    EXPECT_FALSE(mayUseWayland({":0", {}, "xcb"}));
+    EXPECT_FALSE(mayUseWayland({":0", {}, {}, "x11"}));
+    EXPECT_TRUE(mayUseWayland({":0", "wayland-0", {}}));
+    EXPECT_TRUE(mayUseWayland({{}, {}, "xcb;wayland-egl"}));
+    EXPECT_TRUE(mayUseWayland({{}, {}, {}, "wayland"}));
 }
 
 TEST(Display, EnvironmentOfThisProcess) {
@@ -90,8 +90,8 @@ TEST_P(ClipboardRouteTest, IsChosenByTheProcessEnvironment) {
         folder.make("wl-copy", "#!/bin/sh\n", 0755);
     const int route = test::inChild([&] {
         ::setenv("PATH", folder.path("").c_str(), 1);
-        ::setenv("WAYLAND_DISPLAY", variable(row, "WAYLAND_DISPLAY").toStdString().c_str(), 1);
-        ::setenv("DISPLAY", variable(row, "DISPLAY").toStdString().c_str(), 1);
+        ::setenv("WAYLAND_DISPLAY", variable(row, "WAYLAND_DISPLAY").c_str(), 1);
+        ::setenv("DISPLAY", variable(row, "DISPLAY").c_str(), 1);
         return static_cast<int>(clipboardRoute());
     });
     EXPECT_EQ(nameOf(static_cast<ClipboardRoute>(route)), row["route"]);

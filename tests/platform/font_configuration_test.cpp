@@ -26,7 +26,7 @@ using test::TemporaryFolder;
 /// The folders of fonts that the configuration in memory names; where none is in memory fontconfig
 /// reads it now.
 std::string folderOfFonts() {
-    const SharedLibrary library(QStringLiteral("libfontconfig.so.1"));
+    const SharedLibrary library("libfontconfig.so.1");
     const auto get = [&](const char* name) { return library.function(name); };
     void* folders = reinterpret_cast<void* (*)(void*)>(get("FcConfigGetFontDirs"))(nullptr);
     const char* first = reinterpret_cast<const char* (*)(void*)>(get("FcStrListNext"))(folders);
@@ -148,19 +148,19 @@ TEST(FontConfiguration, TheVariableThatQtRemovesIsTheLastOne) {
 }
 
 TEST(SharedLibrary, HasItsFunctions) {
-    const SharedLibrary library(QStringLiteral("libm.so.6"));
+    const SharedLibrary library("libm.so.6");
     const auto cosine = reinterpret_cast<double (*)(double)>(library.function("cos"));
     ASSERT_NE(cosine, nullptr);
     EXPECT_EQ(cosine(0), 1);
     EXPECT_EQ(library.function("nothing_of_this_name"), nullptr);
-    EXPECT_TRUE(SharedLibrary::whatIsWrong().contains(QStringLiteral("nothing_of_this_name")));
+    EXPECT_TRUE(SharedLibrary::whatIsWrong().find("nothing_of_this_name") != std::string::npos);
 }
 
 TEST(SharedLibrary, SaysWhyThereIsNone) {
-    const SharedLibrary library(QStringLiteral("/nowhere/Ж.so"));
+    const SharedLibrary library("/nowhere/Ж.so");
     EXPECT_EQ(library.function("cos"), nullptr);
-    EXPECT_TRUE(SharedLibrary::whatIsWrong().startsWith(QStringLiteral("/nowhere/")));
-    EXPECT_EQ(SharedLibrary::whatIsWrong(), QString()) << "each reason is told once";
+    EXPECT_TRUE(SharedLibrary::whatIsWrong().starts_with("/nowhere/"));
+    EXPECT_EQ(SharedLibrary::whatIsWrong(), "") << "each reason is told once";
 }
 
 } // namespace

@@ -64,7 +64,9 @@ TEST(PerUserStore, LivesWhereQSettingsWouldPutIt) {
                       ::setenv("XDG_CONFIG_HOME", configuration.c_str(), 1);
                       const QSettings settings(QSettings::IniFormat, QSettings::UserScope,
                                                QStringLiteral("ZZ9QX"));
-                      return PerUserStore::defaultFilePath() == settings.fileName() ? 0 : 1;
+                      return PerUserStore::defaultFilePath() == settings.fileName().toStdString()
+                                 ? 0
+                                 : 1;
                   }),
                   0)
             << configuration;
@@ -88,7 +90,7 @@ TEST(PerUserStore, FirstStartsOfAProgram) {
 
 TEST(PerUserStore, DefaultWhereThereIsNothing) {
     const TemporaryFolder folder;
-    const PerUserStore store(folder.qPath("store.ini"));
+    const PerUserStore store(folder.path("store.ini"));
     EXPECT_EQ(store.read(u"UseCounter", u"1"), u"1");
     folder.make("store.ini", "");
     EXPECT_EQ(store.read(u"UseCounter", u"1"), u"1");
@@ -98,7 +100,7 @@ TEST(PerUserStore, DefaultWhereThereIsNothing) {
 
 TEST(PerUserStore, TextsComeBackAsTheyWere) {
     const TemporaryFolder folder;
-    PerUserStore store(folder.qPath("store.ini"));
+    PerUserStore store(folder.path("store.ini"));
     for (const Text& text :
          {Text(u"plain"), Text(u""), Text(u" blanks "), Text(u"a,b"), Text(u"a;b=c"),
           Text(u"\"quoted\""), Text(u"C:\\x\\n"), Text(u"/home/Ж/日本 📡"), Text(u"@Invalid()"),
@@ -110,9 +112,10 @@ TEST(PerUserStore, TextsComeBackAsTheyWere) {
 
 TEST(PerUserStore, QSettingsReadsWhatItWrote) {
     const TemporaryFolder folder;
-    PerUserStore store(folder.qPath("store.ini"));
+    PerUserStore store(folder.path("store.ini"));
     EXPECT_TRUE(store.write({{u"Path", u"/a,b/Ж"}, {u"Version", u"3.1.1"}}));
-    const QSettings settings(folder.qPath("store.ini"), QSettings::IniFormat);
+    const QSettings settings(QString::fromStdString(folder.path("store.ini")),
+                             QSettings::IniFormat);
     EXPECT_EQ(settings.value(QStringLiteral("Orbisgrid/Path")).toString().toStdString(), "/a,b/Ж");
     EXPECT_EQ(settings.allKeys().size(), 2);
 }
@@ -134,9 +137,10 @@ TEST(PerUserStore, AgreesWithQSettingsOnRandomTexts) {
     std::mt19937 random(20021115);
     for (int i = 0; i < 2000; ++i) {
         const Text text = randomText(random);
-        const QString file = folder.qPath(("store" + std::to_string(i) + ".ini").c_str());
+        const std::string path = folder.path("store" + std::to_string(i) + ".ini");
+        const QString file = QString::fromStdString(path);
         const QString key = QStringLiteral("Orbisgrid/Path");
-        PerUserStore store(file);
+        PerUserStore store(path);
         ASSERT_TRUE(store.write({{u"Path", text}}));
         // QSettings takes "," outside quotes for a list; there is none here.
         ASSERT_EQ(QSettings(file, QSettings::IniFormat).value(key).toString().toStdU16String(),
@@ -144,16 +148,18 @@ TEST(PerUserStore, AgreesWithQSettingsOnRandomTexts) {
             << i << ": " << toUtf8(text);
         const QString other = file + QStringLiteral(".other");
         QSettings(other, QSettings::IniFormat).setValue(key, QString::fromStdU16String(text));
-        ASSERT_EQ(PerUserStore(other).read(u"Path", u"default"), text) << i << ": " << toUtf8(text);
+        ASSERT_EQ(PerUserStore(other.toStdString()).read(u"Path", u"default"), text)
+            << i << ": " << toUtf8(text);
     }
 }
 
 TEST(PerUserStore, ForeignGroupsAndKeysSurvive) {
     const TemporaryFolder folder;
     folder.make("store.ini", foreignContent, 0640);
-    PerUserStore store(folder.qPath("store.ini"));
+    PerUserStore store(folder.path("store.ini"));
     EXPECT_TRUE(store.write({{u"UseCounter", u"8"}, {u"EXE", u"Orbisgrid.exe"}}));
-    const QSettings settings(folder.qPath("store.ini"), QSettings::IniFormat);
+    const QSettings settings(QString::fromStdString(folder.path("store.ini")),
+                             QSettings::IniFormat);
     const auto value = [&](const char* key) {
         return settings.value(QString::fromLatin1(key)).toStringList().join(u'|').toStdString();
     };
@@ -170,7 +176,7 @@ TEST(PerUserStore, ForeignGroupsAndKeysSurvive) {
 
 TEST(PerUserStore, CounterThatAnEditorChanged) {
     const TemporaryFolder folder;
-    PerUserStore store(folder.qPath("store.ini"));
+    PerUserStore store(folder.path("store.ini"));
     folder.make("store.ini", "[Orbisgrid]\nUseCounter=8,5\n");
     EXPECT_EQ(counterIn(store), u"8,5");
     EXPECT_EQ(test::oneStart(store), 8);
@@ -182,7 +188,7 @@ TEST(PerUserStore, CounterThatAnEditorChanged) {
 /// Two contents of one size within a tick of the file system's clock.
 TEST(PerUserStore, SeesEveryChangeHoweverQuick) {
     const TemporaryFolder folder;
-    PerUserStore store(folder.qPath("store.ini"));
+    PerUserStore store(folder.path("store.ini"));
     for (int i = 100; i < 300; ++i) {
         const std::string text = std::to_string(i);
         ASSERT_TRUE(store.write({{u"UseCounter", fromUtf8(text)}}));
@@ -193,7 +199,7 @@ TEST(PerUserStore, SeesEveryChangeHoweverQuick) {
 TEST(PerUserStore, LinkIsFollowed) {
     const TemporaryFolder folder;
     ASSERT_EQ(::symlink("elsewhere.ini", folder.path("store.ini").c_str()), 0);
-    PerUserStore store(folder.qPath("store.ini"));
+    PerUserStore store(folder.path("store.ini"));
     EXPECT_EQ(counterIn(store), u"1") << "a link that leads nowhere yet";
     EXPECT_TRUE(store.write({{u"UseCounter", u"5"}}));
     EXPECT_TRUE(std::filesystem::is_symlink(folder.path("store.ini")));
@@ -203,7 +209,7 @@ TEST(PerUserStore, LinkIsFollowed) {
 TEST(PerUserStore, UnchangedSettingsAreNotWrittenAgain) {
     const TemporaryFolder folder;
     folder.make("store.ini", foreignContent);
-    PerUserStore store(folder.qPath("store.ini"));
+    PerUserStore store(folder.path("store.ini"));
     EXPECT_TRUE(store.write({{u"UseCounter", u"7"}, {u"foreign", u"kept; as it is"}}));
     EXPECT_EQ(folder.content("store.ini"), foreignContent) << "not even in another form";
 }
@@ -214,7 +220,7 @@ TEST(PerUserStore, UnreadableIsNothingAndNotWritten) {
     const TemporaryFolder folder;
     folder.make("store.ini", foreignContent, 0);
     EXPECT_EQ(inChildWithoutRights([&] {
-                  PerUserStore store(folder.qPath("store.ini"));
+                  PerUserStore store(folder.path("store.ini"));
                   const bool isRead = store.read(u"UseCounter", u"1").has_value();
                   return isRead || store.write({{u"UseCounter", u"8"}}) ? 1 : 0;
               }),
@@ -227,7 +233,7 @@ TEST(PerUserStore, WriteProtectedIsReportedEvenForUnchangedSettings) {
     folder.make("store.ini", foreignContent, 0444);
     for (const Text& value : {Text(u"42"), Text(u"7")}) {
         EXPECT_EQ(inChildWithoutRights([&] {
-                      PerUserStore store(folder.qPath("store.ini"));
+                      PerUserStore store(folder.path("store.ini"));
                       return store.write({{u"UseCounter", value}}) ? 1 : 0;
                   }),
                   0);
@@ -238,7 +244,7 @@ TEST(PerUserStore, WriteProtectedIsReportedEvenForUnchangedSettings) {
 TEST(PerUserStore, FolderThatCannotBeMadeIsReported) {
     const TemporaryFolder folder;
     folder.make("file", "x");
-    PerUserStore store(folder.qPath("file/config/store.ini"));
+    PerUserStore store(folder.path("file/config/store.ini"));
     EXPECT_FALSE(store.write({{u"UseCounter", u"8"}}));
     EXPECT_EQ(folder.content("file"), "x");
 }
@@ -248,7 +254,7 @@ TEST(PerUserStore, ReadOnlyFolderWithAWritableFile) {
     folder.make("store.ini", foreignContent, 0666);
     folder.setMode(0555);
     EXPECT_EQ(inChildWithoutRights([&] {
-                  PerUserStore store(folder.qPath("store.ini"));
+                  PerUserStore store(folder.path("store.ini"));
                   return store.write({{u"UseCounter", u"8"}}) && counterIn(store) == u"8" ? 0 : 1;
               }),
               0);
@@ -262,7 +268,7 @@ TEST(PerUserStore, FullDiskKeepsTheOldStore) {
                       ::signal(SIGXFSZ, SIG_IGN);
                       const rlimit size{limit, limit};
                       ::setrlimit(RLIMIT_FSIZE, &size);
-                      PerUserStore store(folder.qPath("store.ini"));
+                      PerUserStore store(folder.path("store.ini"));
                       return store.write({{u"Path", Text(500, u'p')}}) ? 1 : 0;
                   }),
                   0)
@@ -281,11 +287,11 @@ TEST(PerUserStore, KilledAtEachSystemCallIsOldOrNew) {
         [&] {
             ::setenv("XDG_RUNTIME_DIR", scratch.path("").c_str(),
                      1); // it leaves its own there when killed
-            PerUserStore store(folder.qPath("store.ini"));
+            PerUserStore store(folder.path("store.ini"));
             store.write({{u"UseCounter", u"8"}, {u"Path", Text(3000, u'p')}});
         },
         [&](int call) {
-            PerUserStore store(folder.qPath("store.ini"));
+            PerUserStore store(folder.path("store.ini"));
             const Text counter = counterIn(store);
             EXPECT_EQ(store.read(u"foreign", u""), u"kept; as it is") << call;
             EXPECT_EQ(store.read(u"Path", u"")->size(), counter == u"8" ? 3000U : 0U) << call;

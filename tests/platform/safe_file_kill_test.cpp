@@ -39,7 +39,7 @@ TEST(SaveFileKilled, AtEachSystemCallLeavesOldOrNew) {
     const TemporaryFolder folder;
     std::set<std::string> seen;
     const int kills = test::killAtEachSystemCall(
-        [&] { folder.make("file", contentA); }, [&] { saveFile(folder.qPath("file"), contentB); },
+        [&] { folder.make("file", contentA); }, [&] { saveFile(folder.path("file"), contentB); },
         [&](int call) {
             const std::string left = nameOf(folder.content("file"));
             EXPECT_TRUE(left == "A" || left == "B") << left << " at stop " << call;
@@ -55,7 +55,7 @@ TEST(SaveFileKilled, AtEachSystemCallLeavesOldOrNew) {
 TEST(SaveFileKilled, AtEachSystemCallOfAFirstSaveLeavesNoneOrNew) {
     const TemporaryFolder folder;
     const int kills = test::killAtEachSystemCall([&] { ::unlink(folder.path("file").c_str()); },
-                                                 [&] { saveFile(folder.qPath("file"), contentB); },
+                                                 [&] { saveFile(folder.path("file"), contentB); },
                                                  [&](int call) {
                                                      const std::string left =
                                                          nameOf(folder.content("file"));
@@ -73,7 +73,7 @@ TEST(SaveFileKilled, AtEachSystemCallOfDirectWritingLeavesOldOrNewWhenItGrows) {
     const TemporaryFolder folder;
     const std::string longest(255, 'n'); // no second name is possible
     const int kills = test::killAtEachSystemCall(
-        [&] { folder.make(longest, contentA); }, [&] { saveFile(folder.qPath(longest), contentB); },
+        [&] { folder.make(longest, contentA); }, [&] { saveFile(folder.path(longest), contentB); },
         [&](int call) {
             const std::string left = nameOf(folder.content(longest));
             EXPECT_TRUE(left == "A" || left == "B") << left << " at stop " << call;
@@ -83,7 +83,7 @@ TEST(SaveFileKilled, AtEachSystemCallOfDirectWritingLeavesOldOrNewWhenItGrows) {
     EXPECT_GT(kills, 10);
 }
 
-[[noreturn]] void saveForEver(const QString& path) {
+[[noreturn]] void saveForEver(const std::string& path) {
     for (;;) {
         saveFile(path, contentA);
         saveFile(path, contentB);
@@ -99,7 +99,7 @@ TEST(SaveFileKilled, AtAnyMomentLeavesOldOrNew) {
     for (int i = 0; i < kills; ++i) {
         const pid_t child = ::fork();
         if (child == 0)
-            saveForEver(folder.qPath("file"));
+            saveForEver(folder.path("file"));
         ::usleep(moment(random));
         ::kill(child, SIGKILL);
         ::waitpid(child, nullptr, 0);
@@ -115,10 +115,10 @@ TEST(SaveFileTwice, AtOnceNeverGivesAMixture) {
     for (pid_t& writer : writers) {
         writer = ::fork();
         if (writer == 0)
-            saveForEver(folder.qPath("file"));
+            saveForEver(folder.path("file"));
     }
     for (int i = 0; i < 2000; ++i) {
-        const auto content = readFile(folder.qPath("file"));
+        const auto content = readFile(folder.path("file"));
         EXPECT_TRUE(content && isWhole(*content)) << "read " << i;
     }
     for (const pid_t writer : writers) {
@@ -161,12 +161,12 @@ TEST(SaveFileSmallDisk, KeepsTheOldContent) {
     const int result = withSmallDisk(folder.path(""), [&] {
         folder.make("file", contentA);
         for (const std::size_t size : {50000U, 60000U, 200000U}) {
-            const bool isSaved = saveFile(folder.qPath("file"), std::string(size, 'c'));
+            const bool isSaved = saveFile(folder.path("file"), std::string(size, 'c'));
             if (isSaved || folder.content("file") != contentA || folder.names().size() != 1)
                 return 1;
         }
-        return saveFile(folder.qPath("file"), contentB) && folder.content("file") == contentB ? 0
-                                                                                              : 2;
+        return saveFile(folder.path("file"), contentB) && folder.content("file") == contentB ? 0
+                                                                                             : 2;
     });
     if (result == cannotMount)
         GTEST_SKIP() << "SKIPPED: this user may not mount a file system";
@@ -180,10 +180,10 @@ TEST(SaveFileSmallDisk, KeepsTheOldContentWhenWritingDirectly) {
         const std::string path = folder.make("file", contentA);
         if (::mount(path.c_str(), path.c_str(), nullptr, MS_BIND, nullptr) != 0)
             return cannotMount;
-        if (saveFile(folder.qPath("file"), std::string(200000, 'c')) ||
+        if (saveFile(folder.path("file"), std::string(200000, 'c')) ||
             folder.content("file") != contentA)
             return 1;
-        if (!saveFile(folder.qPath("file"), contentB) || folder.content("file") != contentB)
+        if (!saveFile(folder.path("file"), contentB) || folder.content("file") != contentB)
             return 2;
         return folder.names().size() == 1 ? 0 : 3;
     });

@@ -51,27 +51,27 @@ TEST(ReadFile, EveryByte) {
     for (int i = 0; i < 100000; ++i)
         bytes += static_cast<char>(i);
     folder.make("file", bytes);
-    EXPECT_EQ(readFile(folder.qPath("file")), bytes);
+    EXPECT_EQ(readFile(folder.path("file")), bytes);
 }
 
 TEST(ReadFile, EmptyFileIsNoFailure) {
     const TemporaryFolder folder;
     folder.make("file", "");
-    EXPECT_EQ(readFile(folder.qPath("file")), "");
+    EXPECT_EQ(readFile(folder.path("file")), "");
 }
 
 TEST(ReadFile, WhatIsNoFileIsNothing) {
     const TemporaryFolder folder;
     ::mkfifo(folder.path("pipe").c_str(), 0666);
-    EXPECT_FALSE(readFile(folder.qPath("missing")));
-    EXPECT_FALSE(readFile(folder.qPath("")));
-    EXPECT_FALSE(readFile(folder.qPath("pipe"))) << "and it must not wait for a writer";
+    EXPECT_FALSE(readFile(folder.path("missing")));
+    EXPECT_FALSE(readFile(folder.path("")));
+    EXPECT_FALSE(readFile(folder.path("pipe"))) << "and it must not wait for a writer";
 }
 
 TEST(ReadFile, FileWithoutRightsIsNothing) {
     const TemporaryFolder folder;
     folder.make("file", "x", 0);
-    EXPECT_EQ(inChildWithoutRights([&] { return readFile(folder.qPath("file")) ? 1 : 0; }), 0);
+    EXPECT_EQ(inChildWithoutRights([&] { return readFile(folder.path("file")) ? 1 : 0; }), 0);
 }
 
 // Saving ----------------------------------------------------------------------------------------
@@ -80,7 +80,7 @@ TEST(SaveFile, MakesAFileWithTheUsualMode) {
     const TemporaryFolder folder;
     EXPECT_EQ(inChild([&] {
                   ::umask(027);
-                  return saveFile(folder.qPath("file"), newContent) ? 0 : 1;
+                  return saveFile(folder.path("file"), newContent) ? 0 : 1;
               }),
               0);
     EXPECT_EQ(folder.content("file"), newContent);
@@ -92,7 +92,7 @@ TEST(SaveFile, ReplacesTheContentAndKeepsTheMode) {
     const TemporaryFolder folder;
     for (const mode_t mode : {0600U, 0664U, 0777U, 0606U}) {
         folder.make("file", oldContent, mode);
-        EXPECT_TRUE(saveFile(folder.qPath("file"), newContent));
+        EXPECT_TRUE(saveFile(folder.path("file"), newContent));
         EXPECT_EQ(folder.content("file"), newContent);
         EXPECT_EQ(modeOf(folder.path("file")), mode);
     }
@@ -102,16 +102,16 @@ TEST(SaveFile, ReplacesTheContentAndKeepsTheMode) {
 TEST(SaveFile, EmptyContentAndEveryByte) {
     const TemporaryFolder folder;
     folder.make("file", oldContent);
-    EXPECT_TRUE(saveFile(folder.qPath("file"), ""));
+    EXPECT_TRUE(saveFile(folder.path("file"), ""));
     EXPECT_EQ(folder.content("file"), "");
     const std::string bytes("\0\r\n\xFF", 4);
-    EXPECT_TRUE(saveFile(folder.qPath("file"), bytes));
+    EXPECT_TRUE(saveFile(folder.path("file"), bytes));
     EXPECT_EQ(folder.content("file"), bytes);
 }
 
 TEST(SaveFile, NameWithLettersAndBlanks) {
     const TemporaryFolder folder;
-    EXPECT_TRUE(saveFile(folder.qPath("Ж a.ini"), newContent));
+    EXPECT_TRUE(saveFile(folder.path("Ж a.ini"), newContent));
     EXPECT_EQ(folder.content("Ж a.ini"), newContent);
 }
 
@@ -119,7 +119,7 @@ TEST(SaveFile, RelativePathCountsFromTheCurrentFolder) {
     const TemporaryFolder folder;
     EXPECT_EQ(inChild([&] {
                   const bool isThere = ::chdir(folder.path("").c_str()) == 0;
-                  return isThere && saveFile(QStringLiteral("file"), newContent) ? 0 : 1;
+                  return isThere && saveFile("file", newContent) ? 0 : 1;
               }),
               0);
     EXPECT_EQ(folder.content("file"), newContent);
@@ -131,7 +131,7 @@ TEST(SaveFile, KeepsTheOwner) {
     const TemporaryFolder folder;
     const std::string path = folder.make("file", oldContent, 0604);
     ASSERT_EQ(::chown(path.c_str(), 1234, 4321), 0);
-    EXPECT_TRUE(saveFile(folder.qPath("file"), newContent));
+    EXPECT_TRUE(saveFile(folder.path("file"), newContent));
 
     struct stat status = {};
 
@@ -149,7 +149,7 @@ TEST(SaveFile, FollowsLinks) {
     folder.make("sub/file", oldContent);
     ASSERT_EQ(::symlink("sub/second", folder.path("first").c_str()), 0);
     ASSERT_EQ(::symlink(folder.path("sub/file").c_str(), folder.path("sub/second").c_str()), 0);
-    EXPECT_TRUE(saveFile(folder.qPath("first"), newContent));
+    EXPECT_TRUE(saveFile(folder.path("first"), newContent));
     EXPECT_EQ(folder.content("sub/file"), newContent);
     EXPECT_TRUE(std::filesystem::is_symlink(folder.path("first")));
     EXPECT_TRUE(std::filesystem::is_symlink(folder.path("sub/second")));
@@ -158,7 +158,7 @@ TEST(SaveFile, FollowsLinks) {
 TEST(SaveFile, MakesTheFileThatALinkNames) {
     const TemporaryFolder folder;
     ASSERT_EQ(::symlink("file", folder.path("link").c_str()), 0);
-    EXPECT_TRUE(saveFile(folder.qPath("link"), newContent));
+    EXPECT_TRUE(saveFile(folder.path("link"), newContent));
     EXPECT_TRUE(std::filesystem::is_symlink(folder.path("link")));
     EXPECT_EQ(folder.content("file"), newContent);
 }
@@ -167,8 +167,8 @@ TEST(SaveFile, LinksInACircleAreAFailure) {
     const TemporaryFolder folder;
     ASSERT_EQ(::symlink("b", folder.path("a").c_str()), 0);
     ASSERT_EQ(::symlink("a", folder.path("b").c_str()), 0);
-    EXPECT_FALSE(saveFile(folder.qPath("a"), newContent));
-    EXPECT_FALSE(isSavable(folder.qPath("a")));
+    EXPECT_FALSE(saveFile(folder.path("a"), newContent));
+    EXPECT_FALSE(isSavable(folder.path("a")));
 }
 
 // Refusals --------------------------------------------------------------------------------------
@@ -178,8 +178,8 @@ TEST(SaveFile, RefusesWhatIsNoFile) {
     ::mkfifo(folder.path("pipe").c_str(), 0666);
     ::mkdir(folder.path("sub").c_str(), 0777);
     for (const char* name : {"pipe", "sub", "missing/file"}) {
-        EXPECT_FALSE(saveFile(folder.qPath(name), newContent)) << name;
-        EXPECT_FALSE(isSavable(folder.qPath(name))) << name;
+        EXPECT_FALSE(saveFile(folder.path(name), newContent)) << name;
+        EXPECT_FALSE(isSavable(folder.path(name))) << name;
     }
     EXPECT_TRUE(std::filesystem::is_fifo(folder.path("pipe")));
     EXPECT_EQ(folder.names(), (std::set<std::string>{"pipe", "sub"}));
@@ -189,7 +189,7 @@ TEST(SaveFile, RefusesAWriteProtectedFile) {
     const TemporaryFolder folder;
     folder.make("file", oldContent, 0444);
     EXPECT_EQ(inChildWithoutRights([&] {
-                  const QString path = folder.qPath("file");
+                  const std::string path = folder.path("file");
                   return saveFile(path, newContent) || isSavable(path) ? 1 : 0;
               }),
               0);
@@ -200,7 +200,7 @@ TEST(SaveFile, FailsForANewFileInAReadOnlyFolder) {
     const TemporaryFolder folder;
     folder.setMode(0555);
     EXPECT_EQ(inChildWithoutRights([&] {
-                  const QString path = folder.qPath("file");
+                  const std::string path = folder.path("file");
                   return saveFile(path, newContent) || isSavable(path) ? 1 : 0;
               }),
               0);
@@ -210,8 +210,8 @@ TEST(SaveFile, FailsForANewFileInAReadOnlyFolder) {
 TEST(IsSavable, FileOrFolderThatMayBeWritten) {
     const TemporaryFolder folder;
     folder.make("file", oldContent);
-    EXPECT_TRUE(isSavable(folder.qPath("file")));
-    EXPECT_TRUE(isSavable(folder.qPath("new")));
+    EXPECT_TRUE(isSavable(folder.path("file")));
+    EXPECT_TRUE(isSavable(folder.path("new")));
 }
 
 // Writing directly ------------------------------------------------------------------------------
@@ -223,7 +223,7 @@ TEST(SaveFileDirectly, WhereTheFolderIsReadOnly) {
         const std::string path = folder.make("file", oldContent, 0666);
         folder.setMode(0555);
         EXPECT_EQ(
-            inChildWithoutRights([&] { return saveFile(folder.qPath("file"), content) ? 0 : 1; }),
+            inChildWithoutRights([&] { return saveFile(folder.path("file"), content) ? 0 : 1; }),
             0);
         EXPECT_EQ(folder.content("file"), content);
         EXPECT_EQ(folder.names(), std::set<std::string>{"file"});
@@ -234,7 +234,7 @@ TEST(SaveFileDirectly, WhereTheNameLeavesNoRoomForASecondOne) {
     const TemporaryFolder folder;
     const std::string longest(255, 'n');
     folder.make(longest, oldContent);
-    EXPECT_TRUE(saveFile(folder.qPath(longest), newContent));
+    EXPECT_TRUE(saveFile(folder.path(longest), newContent));
     EXPECT_EQ(folder.content(longest), newContent);
 }
 
@@ -247,7 +247,7 @@ TEST(SaveFileFullDisk, KeepsTheOldContent) {
         folder.make("file", oldContent);
         EXPECT_EQ(inChild([&] {
                       limitFileSize(limit);
-                      return saveFile(folder.qPath("file"), newContent) ? 1 : 0;
+                      return saveFile(folder.path("file"), newContent) ? 1 : 0;
                   }),
                   0);
         EXPECT_EQ(folder.content("file"), oldContent);
@@ -259,7 +259,7 @@ TEST(SaveFileFullDisk, LeavesNoNewFile) {
     const TemporaryFolder folder;
     EXPECT_EQ(inChild([&] {
                   limitFileSize(100);
-                  return saveFile(folder.qPath("file"), newContent) ? 1 : 0;
+                  return saveFile(folder.path("file"), newContent) ? 1 : 0;
               }),
               0);
     EXPECT_TRUE(folder.names().empty());
@@ -274,7 +274,7 @@ TEST(SaveFileFullDisk, KeepsTheOldContentWhenWritingDirectly) {
         folder.setMode(0555);
         EXPECT_EQ(inChildWithoutRights([&] {
                       limitFileSize(limit);
-                      return saveFile(folder.qPath("file"), newContent) ? 1 : 0;
+                      return saveFile(folder.path("file"), newContent) ? 1 : 0;
                   }),
                   0);
         EXPECT_EQ(folder.content("file"), oldContent);
@@ -298,7 +298,7 @@ TEST(SaveFileLeftovers, OldOnesOfThisFileAreRemoved) {
     makeOlder(folder.path(".file.saving-124-0"), leftoverAgeSeconds - 60);
     makeOlder(folder.make(".file.saving-123-0", "x"), leftoverAgeSeconds + 60);
     makeOlder(folder.make(".file.saving-4194304-99", "x"), 100000);
-    EXPECT_TRUE(saveFile(folder.qPath("file"), newContent));
+    EXPECT_TRUE(saveFile(folder.path("file"), newContent));
     EXPECT_EQ(folder.names(), kept);
 }
 
@@ -307,7 +307,7 @@ TEST(SaveFileLeftovers, OneUnderTheNextNameIsNoObstacle) {
     EXPECT_EQ(inChild([&] {
                   const std::string name = ".file.saving-" + std::to_string(::getpid()) + "-0";
                   folder.make(name, "at work");
-                  const bool isSaved = saveFile(folder.qPath("file"), newContent);
+                  const bool isSaved = saveFile(folder.path("file"), newContent);
                   return isSaved && folder.content(name) == "at work" ? 0 : 1;
               }),
               0);

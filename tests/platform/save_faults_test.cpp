@@ -73,14 +73,14 @@ std::string iniLeft(const TemporaryFolder& folder, const std::string& name) {
 TEST(SaveFaults, IniIsOldOrNewAndTheResultIsTrue) {
     const TemporaryFolder folder;
     expectOldOrNew([&] { folder.make("Orbisgrid.ini", oldIni, ownMode); },
-                   [&] { return saveFile(folder.qPath("Orbisgrid.ini"), newIni) ? 0 : 1; },
+                   [&] { return saveFile(folder.path("Orbisgrid.ini"), newIni) ? 0 : 1; },
                    [&] { return iniLeft(folder, "Orbisgrid.ini"); }, "INI");
 }
 
 TEST(SaveFaults, FirstIniIsNoneOrNew) {
     const TemporaryFolder folder;
     expectOldOrNew([&] { ::unlink(folder.path("Orbisgrid.ini").c_str()); },
-                   [&] { return saveFile(folder.qPath("Orbisgrid.ini"), newIni) ? 0 : 1; },
+                   [&] { return saveFile(folder.path("Orbisgrid.ini"), newIni) ? 0 : 1; },
                    [&] {
                        const std::string content = folder.content("Orbisgrid.ini");
                        return content == "(no file)" ? "old" : content == newIni ? "new" : "torn";
@@ -92,7 +92,7 @@ TEST(SaveFaults, IniThatIsWrittenDirectly) {
     const TemporaryFolder folder;
     const std::string longest(255, 'n'); // leaves no room for a second name
     expectOldOrNew([&] { folder.make(longest, oldIni, ownMode); },
-                   [&] { return saveFile(folder.qPath(longest), newIni) ? 0 : 1; },
+                   [&] { return saveFile(folder.path(longest), newIni) ? 0 : 1; },
                    [&] { return iniLeft(folder, longest); }, "INI, written directly");
 }
 
@@ -116,7 +116,7 @@ TEST(SaveFaults, StoreIsOldOrNewAndTheResultIsTrue) {
     ::setenv("XDG_RUNTIME_DIR", scratch.path("").c_str(), 1); // leftovers of faults go with it
     expectOldOrNew([&] { folder.make("store.ini", oldStore); },
                    [&] {
-                       PerUserStore store(folder.qPath("store.ini"));
+                       PerUserStore store(folder.path("store.ini"));
                        const bool isWritten =
                            store.write({{u"UseCounter", u"8"}, {u"Path", Text(3000, u'p')}});
                        return isWritten ? 0 : 1;

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QString>
-#include <QTemporaryDir>
+#include "tests/support/new_folder.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -21,18 +20,18 @@ public:
         ::chmod(path("").c_str(), 0777); // whatever the test's user: children lose their rights
     }
 
-    ~TemporaryFolder() { ::chmod(path("").c_str(), 0777); }
+    ~TemporaryFolder() {
+        ::chmod(path("").c_str(), 0777);
+        std::error_code error;
+        std::filesystem::remove_all(m_folder, error);
+    }
 
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
     TemporaryFolder(TemporaryFolder&&) = delete;
     TemporaryFolder& operator=(TemporaryFolder&&) = delete;
 
-    std::string path(const std::string& name) const {
-        return m_folder.filePath(QString::fromStdString(name)).toStdString();
-    }
-
-    QString qPath(const std::string& name) const { return QString::fromStdString(path(name)); }
+    std::string path(const std::string& name) const { return (m_folder / name).string(); }
 
     /// Makes a file with this content and mode.
     std::string make(const std::string& name, const std::string& content,
@@ -58,7 +57,7 @@ public:
     void setMode(mode_t mode) const { ::chmod(path("").c_str(), mode); }
 
 private:
-    QTemporaryDir m_folder;
+    std::filesystem::path m_folder = newFolder("platform");
 };
 
 } // namespace orbisgrid::test

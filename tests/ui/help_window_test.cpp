@@ -310,7 +310,7 @@ private:
     }
 
     void show() {
-        m_help = std::make_unique<Help>(m_box->programFolder());
+        m_help = std::make_unique<Help>(m_box->programFolder().toStdString());
         m_help->show();
         QVERIFY(QTest::qWaitForWindowActive(m_help.get()));
     }

@@ -167,10 +167,10 @@ private Q_SLOTS:
         setCounter(QStringLiteral("20"));
         m_main->box().writeProgramFile(QStringLiteral("Orbisgrid.ini"),
                                        QByteArray::fromStdString(test::IniText().bytes()));
-        PerUserStore store(settingsPath());
+        PerUserStore store(settingsPath().toStdString());
         DesktopToolRegistry registry;
         LocatorConverter window(
-            {store, m_main->box().programFolder(), [] { return true; }, registry});
+            {store, m_main->box().programFolder().toStdString(), [] { return true; }, registry});
         window.Form_Load();
         QCOMPARE(m_main->box().takeOpenedAddress(), QByteArray("http://www.orbisgrid.example/"));
         QCOMPARE(counter(), QStringLiteral("21"));
@@ -484,12 +484,12 @@ private:
     // quick enough to write within one tick of the clock.
 
     QString counter() {
-        const PerUserStore store(settingsPath());
+        const PerUserStore store(settingsPath().toStdString());
         return toQString(store.read(u"UseCounter", u"none").value_or(u"unreadable"));
     }
 
     void setCounter(const QString& count) {
-        PerUserStore store(settingsPath());
+        PerUserStore store(settingsPath().toStdString());
         QVERIFY(store.write({{u"UseCounter", count.toStdU16String()}}));
     }
 

@@ -1,6 +1,6 @@
 /// The one name that orbisgrid-window.so has for the executable.
+#include "app/window/window_run.h"
 #include "app/window_library.h"
-#include "app/window_run.h"
 #include "ui/version.h"
 #include "ui/window_messages.h"
 

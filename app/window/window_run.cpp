@@ -1,4 +1,4 @@
-#include "app/window_run.h"
+#include "app/window/window_run.h"
 
 #include "platform/clipboard_keeper.h"
 #include "platform/clipboard_route.h"
@@ -17,6 +17,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QSessionManager>
+#include <QSocketNotifier>
 #include <QTimer>
 
 #include <chrono>
@@ -62,12 +63,13 @@ void handClipboardOver() {
     const bool isOurs = clipboard.ownsClipboard() &&
                         (QApplication::platformName() != u"xcb" || clipboardHasOwner());
     if (isOurs && clipboardRoute() != ClipboardRoute::none && !clipboard.text().isEmpty())
-        startClipboardKeeper(QCoreApplication::applicationFilePath(), clipboard.text());
+        startClipboardKeeper(QCoreApplication::applicationFilePath().toStdString(),
+                             clipboard.text().toStdString());
 }
 
 } // namespace
 
-int runWindow(SettingsStore& store, const QString& programFolder, int& argc, char** argv) {
+int runWindow(SettingsStore& store, const std::string& programFolder, int& argc, char** argv) {
     if (!hasDisplay(displayEnvironment()))
         return refuseWithoutDisplay();
     // The title of the boxes is given to each of them: an application display name would be
@@ -96,7 +98,12 @@ int runWindow(SettingsStore& store, const QString& programFolder, int& argc, cha
     window.countUse();
     setIconOnceDrawn(window);
 
-    const Termination termination([&window] { window.close(); });
+    const TerminationSignals termination;
+    const QSocketNotifier notifier(termination.descriptor(), QSocketNotifier::Read);
+    QObject::connect(&notifier, &QSocketNotifier::activated, &window, [&] {
+        termination.take();
+        window.close();
+    });
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &window,
                      [&window](QSessionManager&) { window.SaveINI(); });
     QObject::connect(&application, &QCoreApplication::aboutToQuit, &window, handClipboardOver);

@@ -2,11 +2,11 @@
 
 #include "settings/settings_store.h"
 
-#include <QString>
+#include <string>
 
 namespace orbisgrid {
 
 /// See WindowLibrary.
-int runWindow(SettingsStore& store, const QString& programFolder, int& argc, char** argv);
+int runWindow(SettingsStore& store, const std::string& programFolder, int& argc, char** argv);
 
 } // namespace orbisgrid
