@@ -181,11 +181,11 @@ Text upperCase(TextView text) {
     return result;
 }
 
-Text replaced(TextView text, Replacement replacement) {
+Text replaced(TextView text, Replacement exchange) {
     Text result(text);
     for (char16_t& character : result) {
-        if (character == replacement.from)
-            character = replacement.to;
+        if (character == exchange.from)
+            character = exchange.to;
     }
     return result;
 }

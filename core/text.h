@@ -38,7 +38,7 @@ struct Replacement {
 };
 
 /// `text` with every `from` replaced by `to`.
-[[nodiscard]] Text replaced(TextView text, Replacement replacement);
+[[nodiscard]] Text replaced(TextView text, Replacement exchange);
 
 /// At most `count` code units of `text` from position `start` on. Positions count from 1; a part
 /// that runs past the end is shorter or empty, and so is one from a position below 1.
