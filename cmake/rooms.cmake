@@ -7,5 +7,7 @@ function(orbisgrid_room name)
     target_link_libraries(orbisgrid_${name} PUBLIC orbisgrid_qt_options ${ROOM_LINKS})
   else()
     target_link_libraries(orbisgrid_${name} PUBLIC orbisgrid_options ${ROOM_LINKS})
+    # The executable is made of these and leaves out what it does not call.
+    target_compile_options(orbisgrid_${name} PRIVATE -ffunction-sections -fdata-sections)
   endif()
 endfunction()

@@ -1,29 +1,16 @@
 #include "platform/per_user_store.h"
 
 #include "platform/environment.h"
+#include "platform/paths.h"
 #include "platform/safe_file.h"
 #include "settings/store_text.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <utility>
 
 namespace orbisgrid {
 
 namespace {
-
-namespace fs = std::filesystem;
-
-/// Result: whether the folder is there. One that is made is its owner's alone.
-bool provideFolder(const fs::path& folder) {
-    std::error_code error;
-    if (folder.empty() || fs::is_directory(folder, error))
-        return true;
-    fs::create_directories(folder, error);
-    if (!error)
-        fs::permissions(folder, fs::perms::owner_all, error);
-    return !error;
-}
 
 /// The store's bytes; empty where there is no file yet; nothing where it cannot be read.
 std::optional<std::string> contentOf(const std::string& path) {
@@ -43,10 +30,7 @@ std::string PerUserStore::defaultFilePath() {
     std::string folder = environmentVariable("XDG_CONFIG_HOME");
     if (folder.empty())
         folder = environmentVariable("HOME") + "/.config";
-    folder += '/' + toUtf8(settingsApplication) + ".ini";
-    std::error_code error; // without a current folder a relative path stays what it is
-    const fs::path absolute = fs::absolute(folder, error);
-    return (error ? fs::path(folder) : absolute).lexically_normal().string();
+    return cleanPath(absolutePath(folder + '/' + toUtf8(settingsApplication) + ".ini"));
 }
 
 std::optional<Text> PerUserStore::read(TextView key, TextView defaultValue) const {
@@ -57,7 +41,7 @@ std::optional<Text> PerUserStore::read(TextView key, TextView defaultValue) cons
 }
 
 bool PerUserStore::write(const std::vector<Setting>& settings) {
-    if (!provideFolder(fs::path(m_filePath).parent_path()))
+    if (!provideFolder(parentFolder(m_filePath)))
         return false;
     const std::optional<std::string> content = contentOf(m_filePath);
     if (!content)

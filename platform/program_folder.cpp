@@ -1,9 +1,7 @@
 #include "platform/program_folder.h"
 
 #include "platform/environment.h"
-
-#include <filesystem>
-#include <utility>
+#include "platform/paths.h"
 
 namespace orbisgrid {
 
@@ -19,17 +17,15 @@ std::string withoutTrailingSeparators(std::string path) {
 
 std::string programFolder() {
     const std::string named = environmentVariable("ORBISGRID_PROGRAM_FOLDER");
-    std::string folder = named.empty() ? executableFolder() : named;
-    std::error_code error; // without a current folder a relative path stays what it is
-    const std::string absolute = folder.empty() ? std::filesystem::current_path(error).string()
-                                                : std::filesystem::absolute(folder, error).string();
-    return withoutTrailingSeparators(error ? std::move(folder) : absolute);
+    if (!named.empty())
+        return withoutTrailingSeparators(absolutePath(named));
+    const std::string folder = executableFolder();
+    return folder.empty() ? withoutTrailingSeparators(absolutePath("")) : folder;
 }
 
 std::string executableFolder() {
     // Not by argv[0], which the caller chooses.
-    std::error_code error;
-    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path().string();
+    return parentFolder(linkTarget("/proc/self/exe"));
 }
 
 } // namespace orbisgrid

@@ -2,6 +2,7 @@
 
 #include "platform/environment.h"
 #include "platform/file_descriptor.h"
+#include "platform/paths.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -12,7 +13,6 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
-#include <filesystem>
 #include <tuple>
 
 namespace orbisgrid {
@@ -70,10 +70,8 @@ std::string findProgram(std::string_view name) {
         rest.remove_prefix(std::min(rest.size(), folder.size() + 1));
         if (folder.empty())
             continue;
-        std::error_code error; // without a current folder a relative one leads nowhere
-        std::string file =
-            std::filesystem::absolute(std::filesystem::path(folder) / name, error).string();
-        if (!error && isProgram(file))
+        std::string file = absolutePath(std::string(folder)) + '/' + std::string(name);
+        if (isProgram(file))
             return file;
     }
     return {};

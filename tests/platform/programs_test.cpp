@@ -35,6 +35,10 @@ std::string seen(const TemporaryFolder& folder) {
 
 // Where a program is ----------------------------------------------------------------------------
 
+std::string folderOf(const TemporaryFolder& folder) {
+    return std::filesystem::path(folder.path("x")).parent_path().string();
+}
+
 /// What is found in a process with this PATH, compared with `expected`.
 void expectFound(const std::string& path, const std::string& name, const std::string& expected) {
     EXPECT_EQ(inChild([&] {
@@ -48,7 +52,7 @@ void expectFound(const std::string& path, const std::string& name, const std::st
 TEST(FindProgram, TakesTheFirstFolderThatHasIt) {
     const TemporaryFolder first;
     const TemporaryFolder second;
-    const std::string path = ":/nowhere:" + first.path("") + ":" + second.path("");
+    const std::string path = ":/nowhere:" + folderOf(first) + ":" + folderOf(second);
     const std::string tool = makeTool(second, "tool");
     expectFound(path, "tool", tool);
     expectFound(path, "tool", makeTool(first, "tool"));
@@ -61,7 +65,7 @@ TEST(FindProgram, PassesOverWhatCannotBeRun) {
     const TemporaryFolder second;
     first.make("tool", "#!/bin/sh\n", 0644);
     std::filesystem::create_directory(first.path("folder"));
-    const std::string path = first.path("") + ":" + second.path("");
+    const std::string path = folderOf(first) + ":" + folderOf(second);
     expectFound(path, "tool", makeTool(second, "tool"));
     expectFound(path, "folder", "");
 }
