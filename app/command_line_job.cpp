@@ -8,8 +8,11 @@
 #include "platform/safe_file.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <string>
+#include <string_view>
+#include <system_error>
 #include <tuple>
 #include <vector>
 
@@ -43,6 +46,52 @@ bool print(std::FILE* stream, const Text& text) {
     return std::fflush(stream) == 0 && isWritten;
 }
 
+bool printResult(const Text& text) {
+    if (print(stdout, text))
+        return true;
+    const std::string reason = std::system_category().message(errno);
+    std::ignore =
+        std::fprintf(stderr, "orbisgrid: the result could not be printed: %s\n", reason.c_str());
+    return false;
+}
+
+void printMessages(const std::vector<Message>& messages) {
+    for (const Message& message : messages)
+        print(stderr, message.text);
+}
+
+/// Names what of `text` is behind the end of the box that it is meant for; empty if nothing is.
+std::string leftOut(const Text& text, const TextBox& box, std::string_view whose) {
+    const TextView left =
+        trimmed(TextView(text).substr(std::min(text.size(), box.maximumLength())));
+    if (left.empty())
+        return {};
+    std::string line = "\"";
+    line += toUtf8(left);
+    line.append("\" of ").append(whose).append(" (at most ");
+    line += std::to_string(box.maximumLength());
+    line += " characters)";
+    std::replace_if( // the line stays one
+        line.begin(), line.end(), [](char byte) { return byte >= 0 && byte < ' '; }, '?');
+    return line;
+}
+
+/// The boxes cut what they cannot hold, and the result is of the rest.
+void reportWhatIsLeftOut(const CommandLine& commandLine, const LocatorConverterForm& form) {
+    std::string line;
+    if (commandLine.job == CommandLine::Job::convert) {
+        line = leftOut(commandLine.first, form.converter.txtLocator, "the locator");
+    } else {
+        line = leftOut(commandLine.first, form.homeTarget.txtHome, "Home");
+        const std::string second = leftOut(commandLine.second, form.homeTarget.txtTarget, "Target");
+        if (!line.empty() && !second.empty())
+            line += ", ";
+        line += second;
+    }
+    if (!line.empty())
+        std::ignore = std::fprintf(stderr, "orbisgrid: left out: %s\n", line.c_str());
+}
+
 void reportClipboard(bool isCopied) {
     const DisplayEnvironment named = displayEnvironment();
     const bool isDisplayNamed = !named.display.empty() || !named.waylandDisplay.empty();
@@ -57,12 +106,12 @@ void reportClipboard(bool isCopied) {
 
 } // namespace
 
-void reportWithoutWindow(const Message& message, int& argc, char** argv) {
+void reportWithoutWindow(const std::vector<Message>& messages, int& argc, char** argv) {
     const WindowLibrary* windows = isDesktopSession() ? loadWindowLibrary() : nullptr;
     if (windows != nullptr)
-        windows->showMessage(message, argc, argv);
+        windows->showMessages(messages, argc, argv, printMessages);
     else
-        print(stderr, message.text);
+        printMessages(messages);
 }
 
 int runCommandLineJob(const CommandLine& commandLine, const std::string& programFolder, int& argc,
@@ -78,10 +127,11 @@ int runCommandLineJob(const CommandLine& commandLine, const std::string& program
     ClipboardHandover clipboard = ClipboardHandover::start(toUtf8(result.clipboard));
     bool isPrinted = true;
     if (!result.refused)
-        isPrinted = print(stdout, result.printed);
+        isPrinted = printResult(result.printed);
     reportClipboard(clipboard.wait());
-    for (const Message& message : kept.messages())
-        reportWithoutWindow(message, argc, argv);
+    reportWhatIsLeftOut(commandLine, form);
+    if (!kept.messages().empty())
+        reportWithoutWindow(kept.messages(), argc, argv);
     return result.refused || !isPrinted ? 1 : 0;
 }
 

@@ -18,14 +18,17 @@ namespace {
 using namespace orbisgrid;
 
 CommandLine commandLineOf(int argc, char** argv) {
-    const std::vector<std::string_view> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
+    std::vector<std::string_view> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
+    // A session manager's way of starting a window again; the identifier is for Qt.
+    if (arguments.size() > 1 && arguments.front() == "-session")
+        arguments.erase(arguments.begin(), arguments.begin() + 2);
     return readCommandLine(joinedArguments(arguments));
 }
 
 int refuseStore(int& argc, char** argv) {
     const Text file = fromUtf8(PerUserStore::defaultFilePath());
-    reportWithoutWindow({u"The settings cannot be written: " + file, {}, MessageIcon::exclamation},
-                        argc, argv);
+    reportWithoutWindow(
+        {{u"The settings cannot be written: " + file, {}, MessageIcon::exclamation}}, argc, argv);
     return 1;
 }
 

@@ -1,5 +1,6 @@
 #include "app/window/window_run.h"
 
+#include "app/window/application_start.h"
 #include "platform/clipboard_keeper.h"
 #include "platform/clipboard_route.h"
 #include "platform/clipboard_selection.h"
@@ -22,8 +23,8 @@
 
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
-#include <string_view>
+#include <optional>
+#include <utility>
 
 namespace orbisgrid {
 
@@ -37,16 +38,11 @@ int refuseWithoutDisplay() {
     return 1;
 }
 
-/// For the time in which a QApplication is made: where a display is named but does not answer, Qt
-/// writes half a page and aborts. To ask the server before would keep every start waiting.
-void onMessageOfQt(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-    if (type == QtFatalMsg)
-        std::_Exit(refuseWithoutDisplay());
-    const bool isWhy =
-        context.category != nullptr && std::string_view(context.category).starts_with("qt.qpa.");
-    if (!isWhy)
-        static_cast<void>(std::fputs(
-            (qFormatLogMessage(type, context, text) + u'\n').toLocal8Bit().constData(), stderr));
+void refuse(const std::string& whatIsWrong) {
+    if (whatIsWrong.empty())
+        refuseWithoutDisplay();
+    else
+        static_cast<void>(std::fprintf(stderr, "orbisgrid: no window: %s\n", whatIsWrong.c_str()));
 }
 
 /// To paint the icon takes two milliseconds: the window does not wait for them. A desktop shows the
@@ -54,6 +50,12 @@ void onMessageOfQt(QtMsgType type, const QMessageLogContext& context, const QStr
 void setIconOnceDrawn(const QObject& window) {
     constexpr std::chrono::milliseconds later{50};
     QTimer::singleShot(later, &window, [] { QApplication::setWindowIcon(appIcon()); });
+}
+
+/// Qt tells the session manager to start "orbisgrid -session <id>" at the next login: without the
+/// launcher that chose the program folder, and at a moment when nobody asked for the program.
+void neverRestart(QSessionManager& session) {
+    session.setRestartHint(QSessionManager::RestartNever);
 }
 
 /// A text that was copied here would be lost with this process: a keeper takes it over.
@@ -85,9 +87,13 @@ int runWindow(SettingsStore& store, const std::string& programFolder, int& argc,
     FontConfiguration fonts;
     if (!mayUseWayland(displayEnvironment()))
         fonts.startReading();
-    qInstallMessageHandler(onMessageOfQt);
+    std::optional<ApplicationStart> start(std::in_place, refuse);
     QApplication application(argc, argv);
-    qInstallMessageHandler(nullptr);
+    start.reset();
+    // At once: a session manager's first request may come in while the window is made.
+    for (const auto request :
+         {&QGuiApplication::saveStateRequest, &QGuiApplication::commitDataRequest})
+        QObject::connect(&application, request, &application, neverRestart);
     fonts.wait();
     useContrastStyleWhereNeeded();
     useFractionalScaleStyleWhereNeeded();

@@ -79,6 +79,23 @@ INSTANTIATE_TEST_SUITE_P(
                     Broken{"NoFontConfiguration", "FONTCONFIG_FILE=@/nothing HOME=@/nothing"}),
     [](const auto& row) { return std::string(row.param.what); });
 
+TEST_F(BrokenDesktop, SaysNothingOfAMissingRuntimeFolder) {
+    m_server.startWindowManager();
+    const std::string said = (root() / "said").string();
+    test::StartedWindow window(command("-u XDG_RUNTIME_DIR") + " 2>" + said);
+    ASSERT_FALSE(window.id().empty());
+    EXPECT_EQ(window.close(), 0);
+    EXPECT_EQ(shell("cat " + said).output, "");
+}
+
+/// As a session manager would start it that took no notice of what it was told.
+TEST_F(BrokenDesktop, SessionArgumentOpensTheWindow) {
+    m_server.startWindowManager();
+    test::StartedWindow window(command("") + " -session 10cafe_1");
+    ASSERT_FALSE(window.id().empty());
+    EXPECT_EQ(window.close(), 0);
+}
+
 TEST_F(BrokenDesktop, NoWindowManager) {
     startsCalculatesAndEnds("");
 }

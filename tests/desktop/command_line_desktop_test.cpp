@@ -96,11 +96,14 @@ TEST(CommandLineWithoutDisplay, WritesNeitherTheFileNorTheCounter) {
     EXPECT_EQ(store.output.find("UseCounter"), std::string::npos);
 }
 
-TEST(CommandLineWithoutDisplay, NeedsNoQt) {
+TEST(CommandLineWithoutDisplay, NeedsNoQtAndNoCppLibrary) {
     const std::string libraries =
         test::shell("LD_TRACE_LOADED_OBJECTS=1 " ORBISGRID_PROGRAM).output;
     EXPECT_NE(libraries.find("libxcb"), std::string::npos) << libraries;
     EXPECT_EQ(libraries.find("libQt"), std::string::npos) << libraries;
+#if !defined(__SANITIZE_ADDRESS__)
+    EXPECT_EQ(libraries.find("libstdc++"), std::string::npos) << libraries;
+#endif
 }
 
 /// A copy of the executable without its library of windows.
@@ -150,9 +153,50 @@ TEST_F(LonelyExecutable, PrintsARefusalWhereItWouldShowABox) {
     EXPECT_NE(result.output.find("Invallid Home Locator!\n"), std::string::npos) << result.output;
 }
 
-TEST(CommandLineWithoutDisplay, AFullOutputIsAFailure) {
+TEST(CommandLineWithoutDisplay, AFullOutputIsAFailureAndSaid) {
     const Program program;
-    EXPECT_EQ(program.runWithoutDisplay("jo20aw fn42aa", ">/dev/full").status, 1);
+    for (const char* job : {"jo20aw fn42aa", "-CJO20AW"}) {
+        const ShellResult result = program.runWithoutDisplay(job, "2>&1 >/dev/full");
+        EXPECT_EQ(result.status, 1);
+        EXPECT_EQ(result.output,
+                  "orbisgrid: the result could not be printed: No space left on device\n");
+    }
+}
+
+struct TooLong {
+    const char* arguments;
+    const char* within; ///< asks for the same without what is too much
+    const char* said;
+};
+
+TEST(CommandLineWithoutDisplay, WhatIsTooMuchIsLeftOutAndNamed) {
+    const Program program;
+    for (const TooLong& row :
+         {TooLong{"jo20aw55 fn42aa jo21aa", "jo20aw fn42aa",
+                  "\"55\" of Home (at most 6 characters), \"JO21AA\" of Target (at most 6 "
+                  "characters)"},
+          TooLong{"jo20aw fn42aa55", "jo20aw fn42aa", "\"55\" of Target (at most 6 characters)"},
+          TooLong{"-CJO20AW55AA77", "-CJO20AW55AA",
+                  "\"77\" of the locator (at most 10 characters)"},
+          TooLong{"\"jo20aw fn42aa $(printf 'a\\nb')\"", "jo20aw fn42aa",
+                  "\"A?B\" of Target (at most 6 characters)"}}) {
+        const ShellResult result = program.runWithoutDisplay(row.arguments, "2>/dev/null");
+        const ShellResult within = program.runWithoutDisplay(row.within, "2>&1");
+        EXPECT_EQ(result.status, 0) << row.arguments;
+        EXPECT_EQ(result.output, within.output) << row.arguments;
+        EXPECT_EQ(program.runWithoutDisplay(row.arguments, "2>&1 >/dev/null").output,
+                  std::string("orbisgrid: left out: ") + row.said + "\n");
+    }
+    EXPECT_EQ(program.runWithoutDisplay("'jo20aw fn42aa   '", "2>&1").output, report)
+        << "blanks are nothing to miss";
+}
+
+TEST(CommandLineWithoutDisplay, ASessionArgumentIsNoJob) {
+    const Program program;
+    const ShellResult result = program.runWithoutDisplay("-session 10cafe_1", "2>&1");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.output.find("no display for the window"), std::string::npos) << result.output;
+    EXPECT_EQ(program.runWithoutDisplay("-session 10cafe_1 jo20aw fn42aa", "2>&1").output, report);
 }
 
 TEST(CommandLineWithoutDisplay, AStoreThatCannotBeWrittenEndsTheStart) {
@@ -164,17 +208,29 @@ TEST(CommandLineWithoutDisplay, AStoreThatCannotBeWrittenEndsTheStart) {
     EXPECT_NE(result.output.find("ZZ9QX.ini"), std::string::npos);
 }
 
-TEST(CommandLineWithoutDisplay, AMissingFileKeepsTheStartFromCompleting) {
+/// With a command that puts something in the place of the file @.
+class FileThatCannotBeRead : public testing::TestWithParam<const char*> {};
+
+TEST_P(FileThatCannotBeRead, KeepsTheStartFromCompleting) {
     const Program program;
-    std::filesystem::remove(program.folder() / "Orbisgrid.ini");
+    const std::filesystem::path file = program.folder() / "Orbisgrid.ini";
+    std::filesystem::remove(file);
+    std::string command = GetParam();
+    if (const std::size_t place = command.find('@'); place != std::string::npos)
+        command.replace(place, 1, file.string());
+    ASSERT_EQ(test::shell(command).status, 0);
+    const bool wasThere = std::filesystem::is_symlink(file) || std::filesystem::exists(file);
     const double before = processorSecondsOfChildren();
     const ShellResult result = program.runWithoutDisplay(
         "jo20aw fn42aa & sleep 1.5; kill -TERM $!; wait $!", "2>/dev/null");
     EXPECT_EQ(result.output, "");
     EXPECT_EQ(result.status, 128 + SIGTERM) << "SIGTERM ends it, nothing else does";
     EXPECT_LT(processorSecondsOfChildren() - before, 0.5) << "it waits without working";
-    EXPECT_FALSE(std::filesystem::exists(program.folder() / "Orbisgrid.ini"));
+    EXPECT_EQ(std::filesystem::is_symlink(file) || std::filesystem::exists(file), wasThere);
 }
+
+INSTANTIATE_TEST_SUITE_P(Files, FileThatCannotBeRead,
+                         testing::Values("true", "ln -s /dev/zero @", "mkfifo @", "mkdir @"));
 
 TEST(CommandLineWithoutDisplay, ADisplayThatIsGoneIsNone) {
     const Program program;
@@ -209,6 +265,27 @@ TEST(CommandLineWithoutDisplay, AWaylandClipboardOutOfReachIsSaidInOneLine) {
     EXPECT_EQ(result.output, "orbisgrid: the clipboard could not be reached.\n");
 }
 
+TEST(CommandLineWithoutDisplay, AWaylandDisplayThatIsGoneIsNone) {
+    const Program program;
+    const auto run = [&](const std::string& arguments) {
+        return program.runWithoutDisplay(arguments, "2>&1", "WAYLAND_DISPLAY=wayland-7");
+    };
+    const ShellResult refusal = run("-CJO2");
+    EXPECT_EQ(refusal.status, 1);
+    EXPECT_NE(refusal.output.find("at least 4 characters"), std::string::npos) << refusal.output;
+    EXPECT_EQ(refusal.output.find("Qt"), std::string::npos) << refusal.output;
+    const ShellResult window = run("");
+    EXPECT_EQ(window.status, 1);
+    EXPECT_NE(window.output.find("no display"), std::string::npos) << window.output;
+    EXPECT_EQ(window.output.find('\n'), window.output.size() - 1) << window.output;
+    std::filesystem::remove(program.configFolder() / "ZZ9QX.ini");
+    std::filesystem::create_directory(program.configFolder() / "ZZ9QX.ini");
+    const ShellResult store = run("jo20aw fn42aa");
+    EXPECT_EQ(store.status, 1);
+    EXPECT_TRUE(store.output.starts_with("The settings cannot be written: ")) << store.output;
+    EXPECT_EQ(store.output.find('\n'), store.output.size() - 1) << store.output;
+}
+
 /// A real X server and no window manager: what a terminal in a bare session has.
 class CommandLineDesktopTest : public testing::Test {
 protected:
@@ -227,6 +304,28 @@ TEST_F(CommandLineDesktopTest, WithoutTheToolOfWaylandTheClipboardIsNotCertain) 
     EXPECT_NE(result.output.find("wl-copy"), std::string::npos);
     EXPECT_EQ(result.output.find('\n'), result.output.size() - 1);
     EXPECT_EQ(test::clipboardText(), withCarriageReturns(report)) << "X programs have it";
+}
+
+TEST_F(CommandLineDesktopTest, AMissingPluginOfQtIsNamedInOneLine) {
+    const auto window = [this](const std::string& platform) {
+        const ShellResult result =
+            test::shell(m_program.windowCommand("QT_QPA_PLATFORM=" + platform) + " 2>&1");
+        EXPECT_EQ(result.status, 1);
+        EXPECT_EQ(result.output.find('\n'), result.output.size() - 1) << result.output;
+        return result.output;
+    };
+    const std::string unknown = window("nonsense");
+    EXPECT_TRUE(unknown.starts_with("orbisgrid: no window: Could not find the Qt platform plugin "
+                                    "\"nonsense\""))
+        << unknown;
+    EXPECT_NE(unknown.find("QT_QPA_PLATFORM"), std::string::npos) << unknown;
+    const std::string wayland = window("wayland-that-is-not-installed");
+    EXPECT_NE(wayland.find("install the package qt6-wayland"), std::string::npos) << wayland;
+    // A refusal is shown all the same, where it can be.
+    const ShellResult refusal = test::shell(m_program.windowCommand("QT_QPA_PLATFORM=nonsense") +
+                                            " jo2 fn42aa 2>&1 >/dev/null");
+    EXPECT_EQ(refusal.status, 1);
+    EXPECT_TRUE(refusal.output.starts_with("Invallid Home Locator!\n")) << refusal.output;
 }
 
 TEST_F(CommandLineDesktopTest, TheReportIsOnTheClipboardAfterTheEnd) {

@@ -44,6 +44,15 @@ TEST_F(SessionEndTest, SavesWhenAskedAndEndsWhenTold) {
     EXPECT_TRUE(isSaved("JO20AW"));
 }
 
+/// Its way to start a program again is "orbisgrid -session <id>": without the launcher's folder,
+/// and after an end that was wanted.
+TEST_F(SessionEndTest, ItIsNotToBeStartedAgain) {
+    EXPECT_EQ(m_manager.property("RestartStyleHint"), "CARD8 3") << "RestartNever, after any save";
+    ASSERT_TRUE(m_manager.announceEnd());
+    EXPECT_EQ(m_manager.property("RestartStyleHint"), "CARD8 3") << "RestartNever";
+    EXPECT_TRUE(m_manager.end());
+}
+
 TEST_F(SessionEndTest, ACalledOffEndLeavesTheWindow) {
     ASSERT_TRUE(m_manager.announceEnd());
     EXPECT_TRUE(isSaved("JO20AW"));

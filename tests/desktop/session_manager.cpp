@@ -7,6 +7,8 @@
 #include <chrono>
 #include <cstdlib>
 #include <functional>
+#include <map>
+#include <mutex>
 #include <stdexcept>
 #include <thread>
 #include <vector>
@@ -29,6 +31,8 @@ struct SessionManager::State {
     std::atomic<bool> hasLeft = false;
     std::atomic<Command> command = Command::none;
     std::atomic<bool> isOver = false;
+    std::mutex mutex; ///< of the properties
+    std::map<std::string, std::string> properties;
     std::thread thread; ///< a program that starts waits for answers
 
     void listen();
@@ -74,9 +78,27 @@ void onClosed(SmsConn program, SmPointer manager, int count, char** reasons) {
     of(manager).leave();
 }
 
-void onProperties(SmsConn /*program*/, SmPointer /*manager*/, int count, SmProp** properties) {
-    for (int i = 0; i < count; ++i)
+std::string textOf(const SmProp& property) {
+    const std::string type = property.type;
+    std::string text = type;
+    for (int i = 0; i < property.num_vals; ++i) {
+        const SmPropValue& value = property.vals[i];
+        const auto* bytes = static_cast<const char*>(value.value);
+        text += ' ';
+        if (type == SmCARD8)
+            text += std::to_string(static_cast<unsigned char>(*bytes));
+        else
+            text.append(bytes, static_cast<std::size_t>(value.length));
+    }
+    return text;
+}
+
+void onProperties(SmsConn /*program*/, SmPointer manager, int count, SmProp** properties) {
+    const std::lock_guard lock(of(manager).mutex);
+    for (int i = 0; i < count; ++i) {
+        of(manager).properties[properties[i]->name] = textOf(*properties[i]);
         SmFreeProperty(properties[i]);
+    }
     std::free(properties);
 }
 
@@ -217,6 +239,12 @@ bool SessionManager::announceEnd() {
     const int before = m_state->saves;
     m_state->command = Command::announceEnd;
     return waitUntil([this, before] { return m_state->saves > before; });
+}
+
+std::string SessionManager::property(const std::string& name) const {
+    const std::lock_guard lock(m_state->mutex);
+    const auto found = m_state->properties.find(name);
+    return found == m_state->properties.end() ? std::string() : found->second;
 }
 
 void SessionManager::callOff() {

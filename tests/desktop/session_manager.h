@@ -27,6 +27,10 @@ public:
     /// it has saved.
     bool announceEnd();
 
+    /// A property that the program has set, as "type value value ..." with the bytes of a number as
+    /// decimals; empty where it has set none of that name.
+    std::string property(const std::string& name) const;
+
     /// The session goes on after all.
     void callOff();
 
