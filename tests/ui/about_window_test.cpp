@@ -284,17 +284,17 @@ private Q_SLOTS:
 
     void okCloses() {
         QTest::mouseClick(child<QPushButton>(QStringLiteral("cmdOK")), Qt::LeftButton);
-        QTRY_VERIFY(!m_about->isVisible());
+        QVERIFY(QTest::qWaitFor([&] { return !m_about->isVisible(); }));
     }
 
     void enterPressesOk() {
         QTest::keyClick(m_about.get(), Qt::Key_Return);
-        QTRY_VERIFY(!m_about->isVisible());
+        QVERIFY(QTest::qWaitFor([&] { return !m_about->isVisible(); }));
     }
 
     void escapeCloses() {
         QTest::keyClick(m_about.get(), Qt::Key_Escape);
-        QTRY_VERIFY(!m_about->isVisible());
+        QVERIFY(QTest::qWaitFor([&] { return !m_about->isVisible(); }));
     }
 
 private:

@@ -392,7 +392,7 @@ private:
         QLineEdit& box = m_main->edit("txtLocator");
         const QPoint middle = box.mapTo(&m_main->window(), box.rect().center());
         QTest::mousePress(m_main->window().windowHandle(), Qt::RightButton, {}, middle);
-        QTRY_VERIFY(wasUsed);
+        QVERIFY(QTest::qWaitFor([&] { return wasUsed; }));
         QTest::mouseRelease(m_main->window().windowHandle(), Qt::RightButton, {}, middle);
     }
 

@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMenu>
+#include <QPixmapCache>
 
 #include <malloc.h>
 #include <random>
@@ -78,6 +79,7 @@ private:
         }
         m_main->click("cmdRefresh");
         QCoreApplication::processEvents();
+        QPixmapCache::clear(); // Qt 6.8 keeps the picture of each message box, up to ten megabytes
         return memoryInUse();
     }
 
