@@ -19,7 +19,7 @@ namespace orbisgrid {
 ///
 /// Result: 6 characters, the field in upper case and the subsquare in lower case ("JO20aw"), or
 /// nothing if one is out of range. Ranges: A-R, A-S (the latitude letter may be one beyond the
-/// alphabet of the grid, which is what the encoders give for the north pole), 0-9, 0-9, a-x, a-x.
+/// alphabet of the grid: World2Grid gives it for the north pole), 0-9, 0-9, a-x, a-x.
 /// Comparison is by code unit.
 [[nodiscard]] std::optional<Text> checkedHome(TextView locator);
 

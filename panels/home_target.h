@@ -47,7 +47,7 @@ struct HomeTarget {
 
     Text& defaultLocator(Side side) { return side == Side::Home ? DefaultHome : DefaultTarget; }
 
-    /// Steps 1 to 8 of Calculate: trims and completes both boxes, checks them, fills the labels and
+    /// Calculate, up to the converter: trims and completes both boxes, checks them, fills the labels and
     /// remembers both locators in their lists. A refusal shows its message and changes neither
     /// labels nor lists.
     CalculateEnd calculate(FormTexts& texts, Messages& messages);

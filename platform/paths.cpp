@@ -62,7 +62,9 @@ bool provideFolder(const std::string& path) {
     constexpr mode_t ownerOnly = 0700;
     if (path.empty() || isFolder(path))
         return true;
-    return provideFolder(parentFolder(path)) && ::mkdir(path.c_str(), ownerOnly) == 0;
+    // Another program may make it at the same moment.
+    return provideFolder(parentFolder(path)) &&
+           (::mkdir(path.c_str(), ownerOnly) == 0 || isFolder(path));
 }
 
 } // namespace orbisgrid

@@ -27,8 +27,8 @@ bool isProgram(const std::string& path) {
 }
 
 /// In the forked child, where only what is safe in a signal handler may be called: other threads
-/// may have held locks when it was forked. The grandchild is the program; it writes to `failure`
-/// why it could not be started, and the pipe closes without a word where it could.
+/// may have held locks when it was forked. The grandchild is the program; it writes a byte to
+/// `failure` where it could not be started, and the pipe closes without one where it could.
 [[noreturn]] void becomeParentOf(const char* path, char* const* arguments, int failure) {
     ::setsid();
     const pid_t program = ::fork();
@@ -41,12 +41,13 @@ bool isProgram(const std::string& path) {
     ::_exit(127);
 }
 
-/// Result: whether the child ended well. It has forked the program by then.
+/// Result: whether the child ended well. It has forked the program by then. A program that was
+/// started with SIGCHLD ignored is not told how its children end: the pipe alone says it then.
 bool waitFor(pid_t child) {
     int status = 0;
     while (::waitpid(child, &status, 0) < 0) {
         if (errno != EINTR)
-            return false;
+            return errno == ECHILD;
     }
     return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }

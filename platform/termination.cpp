@@ -10,8 +10,9 @@ namespace orbisgrid {
 
 namespace {
 
-// The one mutable global of the program: a signal handler is called with a number and nothing else,
-// so the pipe that it writes to must stand where it can find it.
+// A global that changes, as there is one in app/window/application_start: a signal handler is
+// called with a number and nothing else, so the pipe that it writes to must stand where it can find
+// it.
 std::atomic<int> pipeOfTheHandler{-1};
 static_assert(std::atomic<int>::is_always_lock_free, "a signal handler must not wait");
 

@@ -154,12 +154,15 @@ LocatorListIni readLocatorListIni(std::string_view bytes) {
     return ini;
 }
 
+std::string savedTitleNote(const std::string& TitleNote) {
+    return isLongerThanTwoCharacters(fromFileBytes(TitleNote)) ? TitleNote : ";";
+}
+
 std::string writeLocatorListIni(const LocatorListIni& ini, const IniWindowState& window) {
-    const bool saysSomething = isLongerThanTwoCharacters(fromFileBytes(ini.TitleNote));
     std::string bytes;
     bytes += ";Orbisgrid, by ZZ9QX (c)2002-2015 version ";
     appendLine(bytes, toUtf8(window.version));
-    appendLine(bytes, saysSomething ? std::string_view(ini.TitleNote) : ";");
+    appendLine(bytes, savedTitleNote(ini.TitleNote));
     appendLine(bytes, "[Default home]");
     appendLine(bytes, toUtf8(upperCase(ini.DefaultHome)));
     appendLine(bytes, "[Default Target]");

@@ -59,9 +59,12 @@ inline constexpr TextView listTerminator = u"[**end**]";
 /// Windows-1252 in a line that is no UTF-8.
 [[nodiscard]] LocatorListIni readLocatorListIni(std::string_view bytes);
 
-/// The whole file, every line ended by CR LF, texts in UTF-8, TitleNote as its bytes stand. A
-/// TitleNote shorter than 3 characters is written as ";". Blank entries are not written but
-/// count among the 30. Numbers are in print form with a blank behind (" 1 ", "-1 ").
+/// Line 2 as it is saved: a note of fewer than 3 characters becomes ";".
+[[nodiscard]] std::string savedTitleNote(const std::string& TitleNote);
+
+/// The whole file, every line ended by CR LF, texts in UTF-8, TitleNote by `savedTitleNote`.
+/// Blank entries are not written but count among the 30. Numbers are in print form with a blank
+/// behind (" 1 ", "-1 ").
 [[nodiscard]] std::string writeLocatorListIni(const LocatorListIni& ini,
                                               const IniWindowState& window);
 

@@ -211,6 +211,7 @@ void LocatorConverter::moveToSavedPosition() {
 
 void LocatorConverter::SaveINI() {
     HomeTarget& panel = m_form.homeTarget;
+    m_ini.TitleNote = savedTitleNote(m_ini.TitleNote);
     m_ini.DefaultHome = panel.DefaultHome;
     m_ini.DefaultTarget = panel.DefaultTarget;
     m_ini.homeList = panel.cmbHome.items;

@@ -23,6 +23,7 @@
 
 #include <chrono>
 #include <cstdio>
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -56,6 +57,20 @@ void setIconOnceDrawn(const QObject& window) {
 /// launcher that chose the program folder, and at a moment when nobody asked for the program.
 void neverRestart(QSessionManager& session) {
     session.setRestartHint(QSessionManager::RestartNever);
+}
+
+/// Closes the window, which saves its lists, when the process is asked to end. Result: what sees to
+/// it; nothing where the signals could not be had and end the process at once.
+std::unique_ptr<QSocketNotifier> closeOn(const TerminationSignals& termination, QWidget& window) {
+    if (termination.descriptor() < 0)
+        return nullptr;
+    auto notifier =
+        std::make_unique<QSocketNotifier>(termination.descriptor(), QSocketNotifier::Read);
+    QObject::connect(notifier.get(), &QSocketNotifier::activated, &window, [&termination, &window] {
+        termination.take();
+        window.close();
+    });
+    return notifier;
 }
 
 /// A text that was copied here would be lost with this process: a keeper takes it over.
@@ -105,11 +120,7 @@ int runWindow(SettingsStore& store, const std::string& programFolder, int& argc,
     setIconOnceDrawn(window);
 
     const TerminationSignals termination;
-    const QSocketNotifier notifier(termination.descriptor(), QSocketNotifier::Read);
-    QObject::connect(&notifier, &QSocketNotifier::activated, &window, [&] {
-        termination.take();
-        window.close();
-    });
+    const auto notifier = closeOn(termination, window);
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &window,
                      [&window](QSessionManager&) { window.SaveINI(); });
     QObject::connect(&application, &QCoreApplication::aboutToQuit, &window, handClipboardOver);

@@ -62,8 +62,11 @@ bool isText(TextView text, const std::string& expected, char16_t letter) {
 
 /// The signed print form: a blank in front of what has no minus sign.
 bool isPrintText(TextView text, const std::string& expected) {
-    if (text.starts_with(u' '))
+    if (!expected.starts_with('-')) {
+        if (!text.starts_with(u' '))
+            return false;
         text.remove_prefix(1);
+    }
     return std::equal(text.begin(), text.end(), expected.begin(), expected.end());
 }
 

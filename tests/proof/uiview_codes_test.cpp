@@ -56,8 +56,8 @@ void everyDms(int mostDegrees, Visit visit) {
 }
 
 // Degrees, minutes and seconds come back as they were written, with one exception: between a whole
-// minute and 60 seconds of the one before it the seventh digit of the decimal box decides (2
-// minutes are 0.03333333, which is 1 minute and 60 seconds: 60 is never carried).
+// minute and 60 seconds of the one before it the seventh digit of the decimal box decides (8
+// minutes are 0.1333333, which is 7 minutes and 60 seconds: 60 is never carried).
 
 TEST(UIViewCodes, EveryLatitudeReadsBack) {
     ReadBack result;

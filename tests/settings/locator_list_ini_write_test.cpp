@@ -79,6 +79,7 @@ TEST_P(IniTitleNoteTest, IsShownAndSaved) {
     const std::optional<Text> note = captionNote(ini.TitleNote);
     EXPECT_EQ(note ? toUtf8(*note) : "none", row["caption"]);
     const std::string bytes = writeLocatorListIni(ini, window);
+    EXPECT_EQ(savedTitleNote(ini.TitleNote), row["saved as"]);
     EXPECT_EQ(readLocatorListIni(bytes).TitleNote, row["saved as"]);
 }
 
