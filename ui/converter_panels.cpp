@@ -1,5 +1,6 @@
 #include "ui/converter_panels.h"
 
+#include "ui/entry_box.h"
 #include "ui/locator_box.h"
 #include "ui/panel_parts.h"
 #include "ui/qt_text.h"
@@ -112,7 +113,7 @@ void ConverterPanels::makeBoxes() {
     m_txtDecLong->setToolTip(QStringLiteral("Longitude decimal (West = negative)"));
     m_lat = DmsRow::make(latitudeWording(), converter.txtlatdms, converter.cmbDmsNS);
     m_lon = DmsRow::make(longitudeWording(), converter.txtlondms, converter.cmbDmsWE);
-    m_txtUIView = new QLineEdit;
+    m_txtUIView = new EntryBox;
     bindBox(*m_txtUIView, converter.txtUIView, QStringLiteral("txtUIView"),
             QStringLiteral("=00000.00N/000000.00W"));
     m_txtUIView->setToolTip(

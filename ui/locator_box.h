@@ -1,20 +1,19 @@
 #pragma once
 
-#include <QLineEdit>
+#include "ui/entry_box.h"
 
 namespace orbisgrid {
 
 /// A box that a locator is typed into: the release of a letter key puts the whole text into upper
-/// case, the caret staying where it is. A pasted text loses the blanks and line ends around it
-/// before the box cuts it.
-class LocatorBox : public QLineEdit {
+/// case, the caret staying where it is.
+class LocatorBox : public EntryBox {
     Q_OBJECT
 
 public:
     explicit LocatorBox(QWidget* parent = nullptr);
 
     /// Puts the text into upper case without moving the caret; a text that is, is not touched, so
-    /// that selection and undo survive.
+    /// that the selection survives.
     void upperCaseText();
 
 Q_SIGNALS:
@@ -24,9 +23,6 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
-
-private:
-    void pasteTrimmed();
 };
 
 } // namespace orbisgrid
