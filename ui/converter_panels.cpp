@@ -237,10 +237,6 @@ void ConverterPanels::connectEnterChain() {
     connect(m_txtUIView, &QLineEdit::returnPressed, this, &ConverterPanels::cmdOkUIView_Click);
     m_lat.hemisphere->installEventFilter(this);
     m_lon.hemisphere->installEventFilter(this);
-    for (const DmsRow* row : {&m_lat, &m_lon}) {
-        for (QLineEdit* box : row->boxes)
-            box->installEventFilter(this);
-    }
 }
 
 void ConverterPanels::connectLocatorBox() {
@@ -403,14 +399,8 @@ bool ConverterPanels::hemisphere_KeyPress(const QObject* list, const QKeyEvent& 
 bool ConverterPanels::eventFilter(QObject* watched, QEvent* event) {
     if (watched == m_txtLocator)
         return locatorBox_Event(event);
-    if (watched == m_lat.hemisphere || watched == m_lon.hemisphere)
-        return event->type() == QEvent::KeyPress &&
-               hemisphere_KeyPress(watched, *static_cast<QKeyEvent*>(event));
-    // A click selects the short value of a degrees, minutes or seconds box for overtyping.
-    if (event->type() == QEvent::MouseButtonRelease &&
-        static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
-        static_cast<QLineEdit*>(watched)->setSelection(0, 3);
-    return false;
+    return event->type() == QEvent::KeyPress &&
+           hemisphere_KeyPress(watched, *static_cast<QKeyEvent*>(event));
 }
 
 } // namespace orbisgrid

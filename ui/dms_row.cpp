@@ -7,10 +7,23 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMouseEvent>
 
 namespace orbisgrid {
 
 namespace {
+
+/// A click selects the short value for overtyping.
+class ShortBox : public QLineEdit {
+protected:
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        // First the box's own part, which takes what is selected by then for the middle mouse
+        // button: a click is not to replace what is marked elsewhere.
+        QLineEdit::mouseReleaseEvent(event);
+        if (event->button() == Qt::LeftButton)
+            setSelection(0, 3);
+    }
+};
 
 QString indexed(const QString& name, int index) {
     return name + u'_' + QString::number(index);
@@ -31,7 +44,7 @@ DmsRow DmsRow::make(const Wording& wording, std::array<TextBox, 3>& values, Hemi
                                        QStringLiteral(" seconds")};
     DmsRow row;
     for (std::size_t i = 0; i < row.boxes.size(); ++i) {
-        auto* box = new QLineEdit;
+        auto* box = new ShortBox;
         bindBox(*box, values.at(i), indexed(wording.boxes, static_cast<int>(i)),
                 i == 0 ? QStringLiteral("-0000") : QStringLiteral("000"));
         box->setToolTip(tips.at(i));

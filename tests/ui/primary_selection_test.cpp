@@ -50,6 +50,27 @@ private Q_SLOTS:
         QCOMPARE(box.text(), QStringLiteral("20JOAW"));
     }
 
+    void aClickThatSelectsLeavesWhatIsMarkedElsewhere_data() {
+        QTest::addColumn<QString>("selected");
+        QTest::newRow("txtlatdms_0") << QStringLiteral("050");
+        QTest::newRow("txtlatdms_2") << QStringLiteral("05");
+        QTest::newRow("txtlondms_0") << QStringLiteral("050");
+    }
+
+    void aClickThatSelectsLeavesWhatIsMarkedElsewhere() {
+        QFETCH(const QString, selected);
+        mark(QStringLiteral("marked elsewhere"));
+        QLineEdit& box = m_main->edit(QTest::currentDataTag());
+        box.setText(QStringLiteral("0501"));
+        for (int click = 0; click < 3; ++click) {
+            QTest::mouseClick(&box, Qt::LeftButton);
+            QCOMPARE(box.selectedText(), selected);
+            QTest::qWait(QApplication::doubleClickInterval() + 50); // no double click
+        }
+        QCOMPARE(QGuiApplication::clipboard()->text(QClipboard::Selection),
+                 QStringLiteral("marked elsewhere"));
+    }
+
 private:
     static void mark(const QString& text) {
         QVERIFY(QGuiApplication::clipboard()->supportsSelection());
