@@ -35,6 +35,12 @@ namespace {
 /// A twip is 1/1440 inch and a logical inch has 96 pixels.
 constexpr int twipsPerPixel = 1440 / 96;
 
+/// A text as part of a window's title. Qt takes "[*]" there for the place of a mark that says that
+/// something is not saved; twice, it stands for itself.
+QString titlePart(QString text) {
+    return text.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+}
+
 QPushButton* captionedButton(const char* objectName, const QString& caption) {
     auto* button = new QPushButton(caption);
     button->setObjectName(QString::fromLatin1(objectName));
@@ -181,7 +187,7 @@ void LocatorConverter::LoadINI() {
     m_ini = readLocatorListIni(*bytes);
     moveToSavedPosition();
     if (const auto note = captionNote(m_ini.TitleNote))
-        setWindowTitle(windowTitle() + QStringLiteral(" - ") + toQString(*note));
+        setWindowTitle(windowTitle() + QStringLiteral(" - ") + titlePart(toQString(*note)));
     HomeTarget& panel = m_form.homeTarget;
     panel.cmbHome.items = m_ini.homeList;
     panel.cmbTarget.items = m_ini.targetList;

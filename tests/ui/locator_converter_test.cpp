@@ -61,6 +61,23 @@ private Q_SLOTS:
         QVERIFY(m_main->window().windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint));
     }
 
+    void theCaptionShowsTheNoteAsItStands_data() {
+        QTest::addColumn<QString>("note");
+        for (const char* note : {"[*] QTH", "QTH [*]", "[*][*] QTH", "a[*]b[*][*]c[*]", "[**] [*"})
+            QTest::newRow(note) << QString::fromLatin1(note);
+    }
+
+    /// Qt has a meaning of its own for "[*]" in a title.
+    void theCaptionShowsTheNoteAsItStands() {
+        QFETCH(const QString, note);
+        test::IniText ini;
+        ini.titleNote = ";" + note.toStdString();
+        m_main->open(ini);
+        QCOMPARE(m_main->window().windowHandle()->title(), QStringLiteral("Orbisgrid - ") + note);
+        QAccessibleInterface* shown = QAccessible::queryAccessibleInterface(&m_main->window());
+        QCOMPARE(shown->text(QAccessible::Name), QStringLiteral("Orbisgrid - ") + note);
+    }
+
     void theFocusIsInHomeAtTheStart_data() {
         QTest::addColumn<QString>("stayOnTop");
         QTest::newRow("as usual") << QStringLiteral(" 0 ");
