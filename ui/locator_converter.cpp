@@ -12,11 +12,12 @@
 #include "ui/panel_parts.h"
 #include "ui/qt_text.h"
 #include "ui/version.h"
+#include "ui/visible_place.h"
 
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QCloseEvent>
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
@@ -34,6 +35,9 @@ namespace {
 
 /// A twip is 1/1440 inch and a logical inch has 96 pixels.
 constexpr int twipsPerPixel = 1440 / 96;
+
+/// What a window manager puts around.
+constexpr QSize windowFrame(16, 48);
 
 /// A text as part of a window's title. Qt takes "[*]" there for the place of a mark that says that
 /// something is not saved; twice, it stands for itself.
@@ -87,9 +91,8 @@ LocatorConverter::LocatorConverter(Surroundings surroundings, QWidget* parent)
 /// Large fonts on a small screen: what does not fit is scrolled to. Elsewhere the window is as
 /// small as its contents allow.
 void LocatorConverter::fitToScreen(QWidget* content) {
-    constexpr QSize frame(16, 48); // what a window manager puts around
     const QSize wanted = content->sizeHint();
-    const QSize available = screen()->availableSize() - frame;
+    const QSize available = screen()->availableSize() - windowFrame;
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
     if (wanted.width() <= available.width() && wanted.height() <= available.height()) {
@@ -212,7 +215,15 @@ void LocatorConverter::moveToSavedPosition() {
         position.setX(*saved.left / twipsPerPixel);
     if (saved.top)
         position.setY(*saved.top / twipsPerPixel);
-    move(position);
+    move(visiblePosition(position));
+}
+
+/// The screen that the position was saved on may be gone.
+QPoint LocatorConverter::visiblePosition(const QPoint& position) const {
+    QList<ScreenArea> areas;
+    for (const QScreen* one : QGuiApplication::screens())
+        areas.append({one->geometry(), one->availableGeometry()});
+    return visiblePlace(QRect(position, size() + windowFrame), areas);
 }
 
 void LocatorConverter::SaveINI() {
@@ -227,7 +238,8 @@ void LocatorConverter::SaveINI() {
     window.chkOnTop = m_chkOnTop->isChecked() ? 1 : 0;
     window.left = pos().x() * twipsPerPixel;
     window.top = pos().y() * twipsPerPixel;
-    saveFile(iniPath(), writeLocatorListIni(m_ini, window));
+    // Failing is passed over in silence: the lists are in the window as they were.
+    (void)saveFile(iniPath(), writeLocatorListIni(m_ini, window));
 }
 
 void LocatorConverter::Form_Unload() {

@@ -69,6 +69,7 @@ private:
     /// the file is back.
     void LoadINI();
     void moveToSavedPosition();
+    QPoint visiblePosition(const QPoint& position) const;
     void Form_Unload();
 
     void chkOnTop_Click(bool isOn);

@@ -129,6 +129,20 @@ private Q_SLOTS:
             QVERIFY(m_main->window().pos().y() > 0);
     }
 
+    void aWindowOfAScreenThatIsGoneOpensOnOneThatIsThere() {
+        test::IniText ini;
+        ini.remember = " 1 ";
+        ini.left = " 90000 ";
+        ini.top = " 90000 ";
+        m_main->open(ini);
+        const QRect screen = m_main->window().screen()->availableGeometry();
+        QVERIFY(screen.contains(m_main->window().geometry()));
+        QVERIFY2(m_main->window().x() > 0 && m_main->window().y() > 0, "at its nearest place");
+        QCOMPARE(m_main->iniLines().at(17), QStringLiteral(" 90000 "));
+        m_main->close();
+        QVERIFY(m_main->iniLines().at(17) != QStringLiteral(" 90000 "));
+    }
+
     void aPositionIsLeftAloneUnlessRemembered() {
         test::IniText ini;
         ini.left = " 1500 ";
