@@ -89,21 +89,25 @@ LocatorConverter::LocatorConverter(Surroundings surroundings, QWidget* parent)
 }
 
 /// Large fonts on a small screen: what does not fit is scrolled to. Elsewhere the window is as
-/// small as its contents allow.
+/// small as its contents allow. In a larger window they keep together in the middle.
 void LocatorConverter::fitToScreen(QWidget* content) {
     const QSize wanted = content->sizeHint();
     const QSize available = screen()->availableSize() - windowFrame;
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
     if (wanted.width() <= available.width() && wanted.height() <= available.height()) {
-        whole->addWidget(content);
+        whole->addWidget(content, 0, Qt::AlignCenter);
         return;
     }
     auto* area = new QScrollArea;
     area->setFrameStyle(QFrame::NoFrame);
     area->setWidgetResizable(true);
     area->setFocusPolicy(Qt::NoFocus);
-    area->setWidget(content);
+    auto* middle = new QWidget;
+    auto* room = new QVBoxLayout(middle);
+    room->setContentsMargins(0, 0, 0, 0);
+    room->addWidget(content, 0, Qt::AlignCenter);
+    area->setWidget(middle);
     whole->addWidget(area);
     resize(wanted.boundedTo(available));
 }

@@ -103,7 +103,7 @@ QToolButton* glyphButton(const QString& objectName, Glyph glyph, const QString& 
     auto* button = new QToolButton;
     button->setObjectName(objectName);
     button->setIcon(glyphIcon(glyph));
-    const int side = qMax(16, button->fontMetrics().ascent()); // pictures grow with the font
+    const int side = qMax(16, button->fontMetrics().ascent() * 5 / 4); // grows with the font
     button->setIconSize(QSize(side, side));
     button->setToolTip(tip);
     button->setAccessibleName(accessibleName.isEmpty() ? tip : accessibleName);
