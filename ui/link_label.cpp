@@ -1,5 +1,7 @@
 #include "ui/link_label.h"
 
+#include "ui/contrast.h"
+
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOptionFocusRect>
@@ -37,7 +39,8 @@ QSize LinkLabel::sizeHint() const {
 void LinkLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setFont(underlined(font()));
-    painter.setPen(palette().color(isDown() ? QPalette::LinkVisited : QPalette::Link));
+    painter.setPen(withContrast(palette().color(isDown() ? QPalette::LinkVisited : QPalette::Link),
+                                {palette().color(QPalette::Window)}, contrastOfTexts));
     painter.drawText(rect().adjusted(marginAcross, marginDown, -marginAcross, -marginDown),
                      Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text());
     painter.end();

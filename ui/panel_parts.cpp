@@ -55,13 +55,8 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* /*event*/) override {
-        constexpr int asTheStyleDoes = 140;
-        const QColor window = palette().color(QPalette::Window);
-        const QColor color = ContrastStyle::isNeeded(palette())
-                                 ? palette().color(QPalette::WindowText)
-                                 : window.darker(asTheStyleDoes);
         QPainter painter(this);
-        drawEdge(painter, rect(), color);
+        drawEdge(painter, rect(), edgeColor(palette()));
     }
 };
 

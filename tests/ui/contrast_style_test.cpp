@@ -1,33 +1,21 @@
 #include "tests/ui/made_control.h"
+#include "tests/ui/measured_contrast.h"
+#include "tests/ui/palettes.h"
 #include "ui/contrast_style.h"
 
 #include <QApplication>
-#include <QCheckBox>
-#include <QImage>
+#include <QPixmapCache>
 #include <QTest>
 
 using namespace orbisgrid;
 
 namespace {
 
-QPalette blackAndYellow() {
-    QPalette palette(Qt::black, Qt::black);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(role, Qt::yellow);
-    palette.setColor(QPalette::Base, Qt::black);
-    return palette;
-}
-
-/// The brightest pixel of the widget's edge, all around: 255 or so is seen on black.
-int brightestOfEdge(QWidget& widget) {
+double edgeContrastOf(QWidget& widget) {
+    QPixmapCache::clear(); // the style keeps what it drew of buttons and lists
     widget.resize(120, 40);
     const QImage image = widget.grab().toImage();
-    int brightest = 0;
-    for (int x = 0; x < image.width(); ++x) {
-        for (const int y : {0, 1, image.height() - 2, image.height() - 1})
-            brightest = std::max(brightest, image.pixelColor(x, y).value());
-    }
-    return brightest;
+    return test::edgeContrast(image, image.rect(), widget.palette().color(QPalette::Window));
 }
 
 } // namespace
@@ -37,36 +25,61 @@ class ContrastStyleTest : public QObject {
 
 private Q_SLOTS:
 
-    void isNeededWhereTheWindowIsBlack() {
-        QVERIFY(ContrastStyle::isNeeded(blackAndYellow()));
-        QVERIFY(!ContrastStyle::isNeeded(QPalette(QColor(53, 53, 53))));
-        QVERIFY(!ContrastStyle::isNeeded(QPalette(Qt::white)));
+    void takesThePlaceOfQtsOwnStyleAlone() {
+        QApplication::setStyle(QStringLiteral("windows"));
+        useContrastStyleWhereNeeded();
+        QVERIFY(qobject_cast<ContrastStyle*>(QApplication::style()) == nullptr);
+        QApplication::setStyle(QStringLiteral("fusion"));
+        useContrastStyleWhereNeeded();
+        QVERIFY(qobject_cast<ContrastStyle*>(QApplication::style()) != nullptr);
     }
 
-    void edgesAreSeenOnBlack_data() {
+    void edgesAreSeen_data() {
+        QTest::addColumn<QString>("look");
         QTest::addColumn<QString>("kind");
-        for (const char* kind : {"box", "list", "button", "tool button", "frame"})
-            QTest::newRow(kind) << QString::fromLatin1(kind);
+        for (const char* look : {"light", "dark", "contrast", "grey", "night"}) {
+            for (const char* kind : {"box", "list", "button", "tool button", "frame"})
+                QTest::addRow("%s, %s", look, kind)
+                    << QString::fromLatin1(look) << QString::fromLatin1(kind);
+        }
     }
 
-    void edgesAreSeenOnBlack() {
-        QFETCH(QString, kind);
-        QApplication::setPalette(blackAndYellow());
-        QVERIFY2(brightestOfEdge(*test::madeControl(kind)) < 128, "without the style they are not");
+    void edgesAreSeen() {
+        QFETCH(const QString, look);
+        QFETCH(const QString, kind);
+        QApplication::setPalette(test::paletteOf(look));
+        const double before = edgeContrastOf(*test::madeControl(kind));
+        QVERIFY2(before < contrastOfEdges, "without the style they are not");
         useContrastStyleWhereNeeded();
-        QVERIFY(brightestOfEdge(*test::madeControl(kind)) > 200);
+        const double seen = edgeContrastOf(*test::madeControl(kind));
+        QVERIFY2(seen >= contrastOfEdges, qPrintable(QString::number(seen)));
     }
 
-    void checkBoxIsSeenOnBlack() {
-        QApplication::setPalette(blackAndYellow());
+    void edgesAreQuietUnlessTheWindowIsBlack() {
         useContrastStyleWhereNeeded();
-        QCheckBox box;
-        box.resize(box.sizeHint());
-        const QImage image = box.grab().toImage();
-        int bright = 0;
-        for (int x = 0; x < image.width(); ++x)
-            bright += image.pixelColor(x, image.height() / 2).value() > 200 ? 1 : 0;
-        QVERIFY2(bright >= 2, "its left and its right edge");
+        QVERIFY(edgeContrastOf(*test::madeControl(QStringLiteral("box"))) < 5);
+        QApplication::setPalette(test::paletteOf(QStringLiteral("contrast")));
+        QVERIFY(edgeContrastOf(*test::madeControl(QStringLiteral("box"))) > 9);
+    }
+
+    void selectedTextIsReadWithTheDesktopsPalette() {
+        const auto seen = [] {
+            const QPalette palette = QApplication::palette();
+            return contrast(palette.color(QPalette::HighlightedText),
+                            palette.color(QPalette::Highlight));
+        };
+        QVERIFY2(seen() < contrastOfTexts, "without the style it is not");
+        useContrastStyleWhereNeeded();
+        QVERIFY(seen() >= contrastOfTexts);
+    }
+
+    void aChangeOfThePaletteIsFollowed() {
+        useContrastStyleWhereNeeded();
+        const auto box = test::madeControl(QStringLiteral("box"));
+        for (const char* look : {"dark", "light", "night", "dark"}) {
+            QApplication::setPalette(test::paletteOf(QString::fromLatin1(look)));
+            QVERIFY(edgeContrastOf(*box) >= contrastOfEdges);
+        }
     }
 
     void init() {

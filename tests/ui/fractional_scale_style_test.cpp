@@ -34,16 +34,16 @@ private Q_SLOTS:
     void lowerEdgesMoveIn() {
         QFETCH(QString, kind);
         QCOMPARE(qApp->devicePixelRatio(), 1.25);
+        useContrastStyleWhereNeeded();
         QCOMPARE(lowerEdge(kind), height - 1);
         useFractionalScaleStyleWhereNeeded();
         QCOMPARE(lowerEdge(kind), height - 2);
     }
 
-    void onBlackTheOtherStyleDrawsThem() {
-        QApplication::setPalette(QPalette(Qt::black, Qt::black));
+    void takesThePlaceOfTheOtherStyleAlone() {
         useFractionalScaleStyleWhereNeeded();
         QVERIFY(qobject_cast<FractionalScaleStyle*>(QApplication::style()) == nullptr);
-        QApplication::setPalette(QPalette());
+        useContrastStyleWhereNeeded();
         useFractionalScaleStyleWhereNeeded();
         QVERIFY(qobject_cast<FractionalScaleStyle*>(QApplication::style()) != nullptr);
     }

@@ -1,33 +1,47 @@
-/// Renders the windows for people to look at: screenshots <folder> [light|dark|contrast] [points]
-/// [width x height]. No test: what is beautiful is judged by eye. The scale comes from
-/// QT_SCALE_FACTOR.
+/// Renders the main window for people to look at: screenshots <folder> [look] [points]
+/// [width x height], where a look is a name of tests/ui/palettes.h. With the folder alone it
+/// renders what is worth a look: each palette, large fonts, a stretched window. No test: what is
+/// beautiful is judged by eye. The scale comes from QT_SCALE_FACTOR.
 #include "tests/ui/main_window_fixture.h"
+#include "tests/ui/palettes.h"
 #include "ui/contrast_style.h"
+#include "ui/fractional_scale_style.h"
 
 #include <QApplication>
-#include <QPalette>
 
 using namespace orbisgrid;
 
 namespace {
 
-QPalette darkPalette() {
-    QPalette palette(QColor(53, 53, 53), QColor(42, 42, 42));
-    palette.setColor(QPalette::Base, QColor(35, 35, 35));
-    palette.setColor(QPalette::Highlight, QColor(42, 130, 218));
-    palette.setColor(QPalette::Link, QColor(80, 160, 240));
-    return palette;
+struct Rendering {
+    QString look;
+    int points = 0; ///< 0: the font as it is
+    QSize size;     ///< empty: the window's own
+
+    QString name() const {
+        QString text = look;
+        if (points > 0)
+            text += QStringLiteral("-%1pt").arg(points);
+        if (!size.isEmpty())
+            text += QStringLiteral("-%1x%2").arg(size.width()).arg(size.height());
+        return text;
+    }
+};
+
+QList<Rendering> everyRendering() {
+    QList<Rendering> all;
+    for (const char* look : {"light", "dark", "contrast", "grey", "night"})
+        all.append({QString::fromLatin1(look), 0, {}});
+    all.append({QStringLiteral("dark"), 18, {}});
+    all.append({QStringLiteral("light"), 0, {1200, 800}});
+    return all;
 }
 
-QPalette contrastPalette() {
-    QPalette palette(Qt::black, Qt::black);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
-                            QPalette::BrightText, QPalette::Link})
-        palette.setColor(role, Qt::yellow);
-    palette.setColor(QPalette::Base, Qt::black);
-    palette.setColor(QPalette::Highlight, Qt::cyan);
-    palette.setColor(QPalette::HighlightedText, Qt::black);
-    return palette;
+Rendering renderingOf(const QStringList& arguments) {
+    const QStringList sides = arguments.value(4).split(u'x');
+    const QSize size =
+        sides.size() == 2 ? QSize(sides.at(0).toInt(), sides.at(1).toInt()) : QSize();
+    return {arguments.at(2), arguments.value(3).toInt(), size};
 }
 
 void save(QWidget& widget, const QString& path) {
@@ -36,34 +50,44 @@ void save(QWidget& widget, const QString& path) {
         qFatal("cannot write %s", qPrintable(path));
 }
 
-} // namespace
-
-int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    const QStringList arguments = QApplication::arguments();
-    const QString folder = arguments.value(1, QStringLiteral("."));
-    const QString look = arguments.value(2, QStringLiteral("light"));
-    if (look == QStringLiteral("dark"))
-        QApplication::setPalette(darkPalette());
-    if (look == QStringLiteral("contrast"))
-        QApplication::setPalette(contrastPalette());
+void render(const Rendering& rendering, const QString& folder) {
+    QApplication::setStyle(QStringLiteral("fusion"));
+    QApplication::setPalette(test::paletteOf(rendering.look));
     useContrastStyleWhereNeeded();
-    if (const int points = arguments.value(3).toInt(); points > 0) {
-        QFont font = QApplication::font();
-        font.setPointSize(points);
-        QApplication::setFont(font);
-    }
+    useFractionalScaleStyleWhereNeeded();
+    const QFont usual = QApplication::font();
+    QFont font = usual;
+    if (rendering.points > 0)
+        font.setPointSize(rendering.points);
+    QApplication::setFont(font);
 
     test::MainWindow main;
     test::IniText ini;
     ini.homeLines = test::listLines("JO20AW,JO21AA");
     main.open(ini);
-    if (const QStringList size = arguments.value(4).split(u'x'); size.size() == 2)
-        main.window().resize(size[0].toInt(), size[1].toInt());
-    save(main.window(), folder + QStringLiteral("/main-empty-") + look + QStringLiteral(".png"));
+    if (!rendering.size.isEmpty())
+        main.window().resize(rendering.size);
+    save(main.window(),
+         folder + QStringLiteral("/main-empty-") + rendering.name() + QStringLiteral(".png"));
     main.type("txtHome", QStringLiteral("JO20AW"));
     main.type("txtTarget", QStringLiteral("FN42AA"));
     main.pressEnter("txtTarget");
-    save(main.window(), folder + QStringLiteral("/main-") + look + QStringLiteral(".png"));
+    save(main.window(),
+         folder + QStringLiteral("/main-") + rendering.name() + QStringLiteral(".png"));
+    QApplication::setFont(usual);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    const QStringList arguments = QApplication::arguments();
+    const QString folder = arguments.value(1, QStringLiteral("."));
+    if (arguments.size() > 2) {
+        render(renderingOf(arguments), folder);
+    } else {
+        for (const Rendering& rendering : everyRendering())
+            render(rendering, folder);
+    }
     return 0;
 }
