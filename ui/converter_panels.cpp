@@ -100,22 +100,22 @@ ConverterPanels::ConverterPanels(LocatorConverterForm& form, Messages& messages,
 void ConverterPanels::makeBoxes() {
     Converter& converter = m_form.converter;
     m_txtLocator = new LocatorBox;
-    bindBox(*m_txtLocator, converter.txtLocator, QStringLiteral("txtLocator"),
-            QStringLiteral("WM00WW00WW"));
+    bindBox(*m_txtLocator, converter.txtLocator,
+            {QStringLiteral("txtLocator"), QStringLiteral("WM00WW00WW")});
     m_txtLocator->setToolTip(QStringLiteral("Maidenhead locator, Example: JO20AW"));
     m_txtDecLat = new QLineEdit;
-    bindBox(*m_txtDecLat, converter.txtDecLat, QStringLiteral("txtDecLat"),
-            QStringLiteral("-00.0000000"));
+    bindBox(*m_txtDecLat, converter.txtDecLat,
+            {QStringLiteral("txtDecLat"), QStringLiteral("-00.0000000")});
     m_txtDecLat->setToolTip(QStringLiteral("Latitude decimal (South = negative)"));
     m_txtDecLong = new QLineEdit;
-    bindBox(*m_txtDecLong, converter.txtDecLong, QStringLiteral("txtDecLong"),
-            QStringLiteral("-00.0000000"));
+    bindBox(*m_txtDecLong, converter.txtDecLong,
+            {QStringLiteral("txtDecLong"), QStringLiteral("-00.0000000")});
     m_txtDecLong->setToolTip(QStringLiteral("Longitude decimal (West = negative)"));
     m_lat = DmsRow::make(latitudeWording(), converter.txtlatdms, converter.cmbDmsNS);
     m_lon = DmsRow::make(longitudeWording(), converter.txtlondms, converter.cmbDmsWE);
     m_txtUIView = new EntryBox;
-    bindBox(*m_txtUIView, converter.txtUIView, QStringLiteral("txtUIView"),
-            QStringLiteral("=00000.00N/000000.00W"));
+    bindBox(*m_txtUIView, converter.txtUIView,
+            {QStringLiteral("txtUIView"), QStringLiteral("=00000.00N/000000.00W")});
     m_txtUIView->setToolTip(
         QStringLiteral("UI-View uncompressed format (example: =5056.17N/00402.67E)"));
 }

@@ -45,8 +45,9 @@ DmsRow DmsRow::make(const Wording& wording, std::array<TextBox, 3>& values, Hemi
     DmsRow row;
     for (std::size_t i = 0; i < row.boxes.size(); ++i) {
         auto* box = new ShortBox;
-        bindBox(*box, values.at(i), indexed(wording.boxes, static_cast<int>(i)),
-                i == 0 ? QStringLiteral("-0000") : QStringLiteral("000"));
+        bindBox(*box, values.at(i),
+                {indexed(wording.boxes, static_cast<int>(i)),
+                 i == 0 ? QStringLiteral("-0000") : QStringLiteral("000")});
         box->setToolTip(tips.at(i));
         box->setAccessibleName(wording.coordinate + names.at(i));
         row.boxes.at(i) = box;

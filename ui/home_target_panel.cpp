@@ -81,8 +81,8 @@ void HomeTargetPanel::makeRow(Side side) {
     Row& controls = row(side);
     const QString name = isHome(side) ? QStringLiteral("Home") : QStringLiteral("Target");
     controls.box = new LocatorBox;
-    bindBox(*controls.box, m_form.homeTarget.box(side), QStringLiteral("txt") + name,
-            QStringLiteral("WM00WWM"));
+    bindBox(*controls.box, m_form.homeTarget.box(side),
+            {QStringLiteral("txt") + name, QStringLiteral("WM00WWM")});
     controls.list = new QComboBox;
     controls.list->setObjectName(QStringLiteral("cmb") + name);
     controls.list->setToolTip(name + QStringLiteral(" locator"));

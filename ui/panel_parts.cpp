@@ -106,10 +106,10 @@ QToolButton* glyphButton(const QString& objectName, Glyph glyph, const QString& 
     return button;
 }
 
-void bindBox(QLineEdit& edit, TextBox& value, const QString& objectName, const QString& widest) {
-    edit.setObjectName(objectName);
+void bindBox(QLineEdit& edit, TextBox& value, const BoxLook& look) {
+    edit.setObjectName(look.objectName);
     edit.setMaxLength(static_cast<int>(value.maximumLength()));
-    edit.setFixedWidth(widthFor(edit, widest));
+    edit.setFixedWidth(widthFor(edit, look.widest));
     QObject::connect(&edit, &QLineEdit::textChanged, &edit, [&edit, &value](const QString& text) {
         const QString oneLine = withoutLineEnds(text);
         if (oneLine != text)

@@ -30,9 +30,15 @@ QLabel* resultLabel(const QString& objectName, TextView text, const QString& mea
 QToolButton* glyphButton(const QString& objectName, Glyph glyph, const QString& tip,
                          const QString& accessibleName = {});
 
-/// Names a box, gives it the maximum length of its value and the width of `widest`, and keeps the
-/// value at what the box holds. Line ends never get in: a box has one line.
-void bindBox(QLineEdit& edit, TextBox& value, const QString& objectName, const QString& widest);
+/// What a box is called and how wide it is.
+struct BoxLook {
+    QString objectName;
+    QString widest; ///< the text that it is to show whole
+};
+
+/// Names a box, gives it the maximum length of its value and its width, and keeps the value at what
+/// the box holds. Line ends never get in: a box has one line.
+void bindBox(QLineEdit& edit, TextBox& value, const BoxLook& look);
 
 /// Makes a list wide enough for `count` letters whatever it holds; more room is used where there
 /// is.

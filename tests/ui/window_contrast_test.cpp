@@ -232,7 +232,7 @@ private Q_SLOTS:
     void theHelpWindowIsSeen() {
         QFETCH(const QString, look);
         wear(look);
-        Help help(QStringLiteral("/nowhere"));
+        Help help("/nowhere");
         help.show();
         const Measured measured(help);
         QVERIFY(measured.parts().size() >= 3);
