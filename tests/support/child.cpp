@@ -4,11 +4,13 @@
 #include <poll.h>
 #include <sys/prctl.h>
 #include <sys/ptrace.h>
+#include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <cstdio>
@@ -49,6 +51,32 @@ bool isKilledAt(pid_t child, int calls) {
     ::waitpid(child, nullptr, 0);
     return true;
 }
+
+/// While it lives, a system call that waits is interrupted after `seconds`, and each second from
+/// then on. To ask again and again instead would double the time of a child that is traced: it
+/// stops thousands of times.
+class AlarmClock {
+public:
+    explicit AlarmClock(int seconds) {
+        struct sigaction action = {};
+        action.sa_handler = [](int) {};
+        ::sigaction(SIGALRM, &action, &m_before);
+        set({{1, 0}, {std::max(seconds, 1), 0}});
+    }
+
+    AlarmClock(const AlarmClock&) = delete;
+    AlarmClock& operator=(const AlarmClock&) = delete;
+
+    ~AlarmClock() {
+        set({});
+        ::sigaction(SIGALRM, &m_before, nullptr);
+    }
+
+private:
+    static void set(itimerval time) { ::setitimer(ITIMER_REAL, &time, nullptr); }
+
+    struct sigaction m_before = {};
+};
 
 /// A shell and the end of the pipe that its standard output goes into.
 struct StartedShell {
@@ -105,19 +133,16 @@ bool readToItsEnd(int pipe, Clock::time_point then, std::string& text) {
 } // namespace
 
 int nextStatusOf(pid_t child, int seconds) {
-    const auto start = Clock::now();
+    const auto end = Clock::now() + std::chrono::seconds(seconds);
+    const AlarmClock alarm(seconds);
     int status = 0;
-    while (::waitpid(child, &status, WNOHANG) == 0) {
-        const auto waited = Clock::now() - start;
-        if (waited > std::chrono::seconds(seconds)) {
-            ::kill(child, SIGKILL);
-            ::waitpid(child, nullptr, 0);
-            throw std::runtime_error("waited for " + std::to_string(seconds) +
-                                     " seconds for a child of the test");
-        }
-        // What comes at once is seen at once: a traced child stops thousands of times.
-        const auto pause = std::chrono::duration_cast<std::chrono::microseconds>(waited / 10);
-        ::usleep(static_cast<useconds_t>(std::clamp<long>(pause.count(), 5, 20000)));
+    while (::waitpid(child, &status, 0) != child) {
+        if (Clock::now() < end && errno == EINTR)
+            continue;
+        ::kill(child, SIGKILL);
+        ::waitpid(child, nullptr, 0);
+        throw std::runtime_error("waited for " + std::to_string(seconds) +
+                                 " seconds for a child of the test");
     }
     return status;
 }
