@@ -32,7 +32,7 @@ class Quickest : public benchmark::ConsoleReporter {
 public:
     void ReportRuns(const std::vector<Run>& runs) override {
         for (const Run& run : runs) {
-            if (run.run_type == Run::RT_Iteration && !run.error_occurred) {
+            if (run.run_type == Run::RT_Iteration) {
                 auto [place, isNew] = m_seconds.try_emplace(run.run_name.function_name, 1e9);
                 const double calls = static_cast<double>(run.iterations) * caseCount;
                 place->second = std::min(place->second, run.cpu_accumulated_time / calls);

@@ -7,7 +7,7 @@ cd "$(dirname "$(readlink -f "$0")")/.."
 . scripts/build.sh
 install_missing "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}" "${BENCHMARK_PACKAGES[@]}"
 rounds=${1:-60}
-build benchmark
+build benchmark --target orbisgrid bare_window start_up_benchmark
 
 box=$(mktemp -d)
 trap 'rm -rf "$box"; kill "$server" 2>/dev/null || true' EXIT
