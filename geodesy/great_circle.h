@@ -30,8 +30,8 @@ struct LocatorPath {
 inline constexpr double earthRadius = 6367;
 
 /// Great circle by the spherical law of cosines in single precision: each named step is evaluated
-/// in double and stored as single, the arguments as well. That costs up to 2.6 km below 5 km and close
-/// to the antipodes, and decides the last digit that is shown.
+/// in double and stored as single, the arguments as well. That costs up to 2.6 km below 5 km and
+/// close to the antipodes, and decides the last digit that is shown.
 ///
 /// Special cases: points exactly a quarter of a circle apart give 0 km, because the division that
 /// finds the angle fails and leaves it at 0; the same point and antipodes give azimuth 0. Never NaN

@@ -47,9 +47,9 @@ struct HomeTarget {
 
     Text& defaultLocator(Side side) { return side == Side::Home ? DefaultHome : DefaultTarget; }
 
-    /// Calculate, up to the converter: trims and completes both boxes, checks them, fills the labels and
-    /// remembers both locators in their lists. A refusal shows its message and changes neither
-    /// labels nor lists.
+    /// Calculate, up to the converter: trims and completes both boxes, checks them, fills the
+    /// labels and remembers both locators in their lists. A refusal shows its message and changes
+    /// neither labels nor lists.
     CalculateEnd calculate(FormTexts& texts, Messages& messages);
 
     /// An item of a list was chosen: it goes into the box. Nothing happens for an index without an

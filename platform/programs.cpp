@@ -20,8 +20,7 @@ namespace orbisgrid {
 namespace {
 
 bool isProgram(const std::string& path) {
-    struct stat status {};
-
+    struct stat status = {};
     return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
            ::access(path.c_str(), X_OK) == 0;
 }

@@ -335,8 +335,8 @@ void ConverterPanels::txtLocator_MouseDown(const QPoint& globalPosition) {
     // The box shows what it showed while it is disabled, which keeps its own menu away.
     m_txtLocator->setUpdatesEnabled(false);
     m_txtLocator->setEnabled(false);
-    showOptionsMenu(
-        *window(), globalPosition, [this] { mnuPasted_Click(); }, mnuPaste());
+    const auto pasted = [this] { mnuPasted_Click(); };
+    showOptionsMenu(*window(), globalPosition, pasted, mnuPaste());
     m_txtLocator->setEnabled(true);
     m_txtLocator->setUpdatesEnabled(true);
     m_txtLocator->setFocus(); // disabling it has moved the focus on

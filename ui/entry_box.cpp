@@ -24,9 +24,8 @@ QString trimmed(const QString& outside) {
 EntryBox::EntryBox(QWidget* parent)
     : QLineEdit(parent) {
     // An edit says so before it says that the text has changed.
-    connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
-        m_history.add({text, cursorPosition()});
-    });
+    const auto remember = [this](const QString& text) { m_history.add({text, cursorPosition()}); };
+    connect(this, &QLineEdit::textEdited, this, remember);
     connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
         if (text != m_history.current().text)
             m_history.restart({text, cursorPosition()});
