@@ -26,7 +26,8 @@ struct Dms {
 template <typename Stored>
 [[nodiscard]] inline Dms splitAngle(double angle) {
     const auto degrees = static_cast<Stored>(std::floor(angle));
-    const double minutes = static_cast<Stored>((angle - degrees) * 60);
+    const auto stored = static_cast<Stored>((angle - degrees) * 60);
+    const double minutes = stored;
     const double wholeMinutes = std::floor(minutes);
     return {degrees, wholeMinutes, (minutes - wholeMinutes) * 60};
 }

@@ -147,6 +147,7 @@ int runClipboardKeeper() {
     return text && ClipboardHandover::start(*text).wait() ? 0 : 1;
 }
 
+// NOLINTNEXTLINE(bugprone-easily-swappable-parameters): who keeps, and what
 bool startClipboardKeeper(const std::string& executable, const std::string& utf8) {
     const FileDescriptor input = fileInMemory(utf8);
     if (!input)

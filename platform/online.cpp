@@ -28,6 +28,7 @@ std::vector<std::string_view> parts(std::string_view text, std::string_view sepa
     }
 }
 
+// NOLINTNEXTLINE(bugprone-easily-swappable-parameters): as a line of the table names them
 bool leadsOut(std::string_view interfaceName, std::string_view flags) {
     unsigned long bits = 0;
     const auto [end, error] = std::from_chars(flags.data(), flags.data() + flags.size(), bits, 16);

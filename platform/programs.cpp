@@ -81,6 +81,7 @@ bool startProgram(const std::string& path, const std::vector<std::string>& argum
     std::vector<std::string> texts{path};
     texts.insert(texts.end(), arguments.begin(), arguments.end());
     std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (std::string& text : texts)
         pointers.push_back(text.data());
     pointers.push_back(nullptr);

@@ -4,8 +4,8 @@
 
 namespace orbisgrid {
 
-void EditHistory::restart(State state) {
-    m_states.assign(1, std::move(state));
+void EditHistory::restart(const State& state) {
+    m_states.assign(1, state);
     m_at = 0;
 }
 

@@ -18,7 +18,7 @@ public:
     const State& current() const { return m_states[m_at]; }
 
     /// From now on there is this state alone: what was before is not to come back.
-    void restart(State state);
+    void restart(const State& state);
 
     /// An edit led to this state. What was undone before is forgotten, and so are edits so long ago
     /// that nobody goes back to them.

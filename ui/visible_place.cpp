@@ -10,6 +10,7 @@ namespace {
 constexpr int titleHeight = 24;
 constexpr QSize grip(48, 12);
 
+// NOLINTNEXTLINE(bugprone-easily-swappable-parameters): what is held, and where
 bool canBeTakenHoldOf(const QRect& window, const QRect& screen) {
     const QRect title(window.topLeft(), QSize(window.width(), titleHeight));
     const QRect seen = title.intersected(screen);
