@@ -28,7 +28,9 @@ PerUserStore::PerUserStore(std::string filePath)
 
 std::string PerUserStore::defaultFilePath() {
     std::string folder = environmentVariable("XDG_CONFIG_HOME");
-    if (folder.empty())
+    // A relative one would name another store in every working folder; the XDG base directory
+    // rules call it invalid and to be ignored.
+    if (folder.empty() || folder.front() != '/')
         folder = environmentVariable("HOME") + "/.config";
     return cleanPath(absolutePath(folder + '/' + toUtf8(settingsApplication) + ".ini"));
 }

@@ -14,6 +14,7 @@ public:
     /// The store in the user's configuration folder, or in a file of its own (tests).
     explicit PerUserStore(std::string filePath = defaultFilePath());
 
+    /// In XDG_CONFIG_HOME where that is an absolute path, else in ~/.config.
     static std::string defaultFilePath();
 
     /// As SettingsStore. A value that an editor split at a comma is read as one text again.
