@@ -1,11 +1,11 @@
+#include "tests/support/table.h"
 #include "tests/support/window_actions.h"
-#include "tests/ui/main_window_fixture.h"
+#include "tests/ui/opened_panel.h"
+#include "ui/converter_panels.h"
 #include "ui/qt_text.h"
 
-#include <QApplication>
 #include <QClipboard>
-#include <QMenu>
-#include <QTimer>
+#include <QSignalSpy>
 
 using namespace orbisgrid;
 
@@ -26,11 +26,11 @@ class ConverterPanelsTest : public QObject {
 
 private Q_SLOTS:
 
-    void init() { m_main = std::make_unique<test::MainWindow>(); }
+    void init() { m_panel = std::make_unique<test::OpenedPanel<ConverterPanels>>(); }
 
     void cleanup() {
-        QVERIFY(m_main->watchdog().allCame());
-        m_main.reset();
+        QVERIFY(m_panel->watchdog().allCame());
+        m_panel.reset();
     }
 
     void captionsAndTips_data() {
@@ -82,27 +82,25 @@ private Q_SLOTS:
     void captionsAndTips() {
         QFETCH(const QString, text);
         QFETCH(const QString, tip);
-        m_main->open();
-        const auto& control = m_main->child<QWidget>(QString::fromLatin1(QTest::currentDataTag()));
+        m_panel->open();
+        const auto& control = m_panel->child<QWidget>(QString::fromLatin1(QTest::currentDataTag()));
         QCOMPARE(control.property("text").toString(), text);
         QCOMPARE(control.toolTip(), tip);
     }
 
     void framesAndHemispheres() {
-        m_main->open();
-        QStringList texts;
-        for (const QLabel* label : m_main->window().findChildren<QLabel*>())
-            texts.append(label->text());
+        m_panel->open();
+        const QStringList texts = m_panel->labelTexts();
         for (const char* caption :
              {"Maidenhead IARU Locator", "Decimal", "Degrees/minutes/seconds", "UI-View format"})
             QVERIFY2(texts.contains(QString::fromLatin1(caption)), caption);
-        QCOMPARE(m_main->list("cmbDmsNS").itemText(0), QStringLiteral("N"));
-        QCOMPARE(m_main->list("cmbDmsNS").itemText(1), QStringLiteral("S"));
-        QCOMPARE(m_main->list("cmbDmsWE").itemText(0), QStringLiteral("E"));
-        QCOMPARE(m_main->list("cmbDmsWE").itemText(1), QStringLiteral("W"));
-        QCOMPARE(m_main->list("cmbDmsNS").currentIndex(), 0);
-        QCOMPARE(m_main->list("cmbDmsWE").currentIndex(), 0);
-        QVERIFY(!m_main->button("Command2").isVisible());
+        QCOMPARE(m_panel->list("cmbDmsNS").itemText(0), QStringLiteral("N"));
+        QCOMPARE(m_panel->list("cmbDmsNS").itemText(1), QStringLiteral("S"));
+        QCOMPARE(m_panel->list("cmbDmsWE").itemText(0), QStringLiteral("E"));
+        QCOMPARE(m_panel->list("cmbDmsWE").itemText(1), QStringLiteral("W"));
+        QCOMPARE(m_panel->list("cmbDmsNS").currentIndex(), 0);
+        QCOMPARE(m_panel->list("cmbDmsWE").currentIndex(), 0);
+        QVERIFY(!m_panel->button("Command2").isVisible());
     }
 
     void chains_data() {
@@ -115,72 +113,72 @@ private Q_SLOTS:
     /// buttons.
     void chains() {
         QFETCH(const std::shared_ptr<test::Row>, row);
-        m_main->open();
+        m_panel->open();
         announceMessage(*row);
         for (const test::PanelAction& action : test::actionsOf(row->text("actions")))
-            test::act(m_main->window(), action);
+            test::act(m_panel->window(), action);
         const auto field = [&](const char* column) { return toQString(row->text(column)); };
-        QCOMPARE(m_main->text("txtLocator"), field("txtLocator"));
-        QCOMPARE(m_main->text("txtDecLat"), field("txtDecLat"));
-        QCOMPARE(m_main->text("txtDecLong"), field("txtDecLong"));
+        QCOMPARE(m_panel->text("txtLocator"), field("txtLocator"));
+        QCOMPARE(m_panel->text("txtDecLat"), field("txtDecLat"));
+        QCOMPARE(m_panel->text("txtDecLong"), field("txtDecLong"));
         QCOMPARE(shownDms("txtlatdms", "cmbDmsNS"), field("lat dms"));
         QCOMPARE(shownDms("txtlondms", "cmbDmsWE"), field("lon dms"));
-        QCOMPARE(m_main->text("txtUIView"), field("txtUIView"));
-        QCOMPARE(m_main->text("lblCompressed"), field("lblCompressed"));
+        QCOMPARE(m_panel->text("txtUIView"), field("txtUIView"));
+        QCOMPARE(m_panel->text("lblCompressed"), field("lblCompressed"));
     }
 
     void messages() {
-        m_main->open();
+        m_panel->open();
         const QString title = QStringLiteral("Orbisgrid");
-        auto& watchdog = m_main->watchdog();
+        auto& watchdog = m_panel->watchdog();
         watchdog.expectMessageBox(
             QStringLiteral("A Maidenhead locator needs at least 4 characters. Examples: JO20, "
                            "FN10, JO20AW..."),
             QStringLiteral("Input error"), QMessageBox::Warning);
-        m_main->type("txtLocator", QStringLiteral("JO2"));
-        m_main->click("cmdOKLocator");
-        QCOMPARE(m_main->focus(), QStringLiteral("txtLocator"));
+        m_panel->type("txtLocator", QStringLiteral("JO2"));
+        m_panel->click("cmdOKLocator");
+        QCOMPARE(m_panel->focus(), QStringLiteral("txtLocator"));
         watchdog.expectMessageBox(QStringLiteral("Invalid entry"), title, QMessageBox::NoIcon);
-        m_main->click("cmdOKDecimal");
-        QCOMPARE(m_main->focus(), QStringLiteral("picFocus"));
+        m_panel->click("cmdOKDecimal");
+        QCOMPARE(m_panel->focus(), QStringLiteral("picFocus"));
         watchdog.expectMessageBox(
             QStringLiteral("Could not calculate/convert locator. Please check the input fields "
                            "for correct values. "),
             title, QMessageBox::NoIcon);
-        m_main->click("cmdOkDMS");
+        m_panel->click("cmdOkDMS");
         watchdog.expectMessageBox(
             QStringLiteral("Could not calculate/convert locator. Please check the input fields "
                            "for correct values."),
             title, QMessageBox::NoIcon);
-        m_main->type("txtlatdms_0", QStringLiteral("50"));
-        m_main->click("cmdOkDMS");
+        m_panel->type("txtlatdms_0", QStringLiteral("50"));
+        m_panel->click("cmdOkDMS");
         watchdog.expectMessageBox(QStringLiteral("Locator has an invalid format."),
                                   QStringLiteral("Invalid Locator"), QMessageBox::Information);
-        m_main->type("txtLocator", QStringLiteral("JOJO"));
-        m_main->click("cmdOKLocator");
+        m_panel->type("txtLocator", QStringLiteral("JOJO"));
+        m_panel->click("cmdOKLocator");
     }
 
     void aRefusalOfDegreesLeavesTheFocus() {
-        m_main->open();
+        m_panel->open();
         const QString text =
             QStringLiteral("Could not calculate/convert locator. Please check the input fields "
                            "for correct values.");
         const QString title = QStringLiteral("Orbisgrid");
-        m_main->watchdog().expectMessageBox(text + u' ', title, QMessageBox::NoIcon);
-        m_main->pressEnter("txtlondms_2");
-        QCOMPARE(m_main->focus(), QStringLiteral("txtlondms_2"));
-        m_main->edit("txtlatdms_0").setText(QStringLiteral("50"));
-        m_main->watchdog().expectMessageBox(text, title, QMessageBox::NoIcon);
-        m_main->pressEnter("txtlondms_2");
-        QCOMPARE(m_main->focus(), QStringLiteral("txtlondms_2"));
+        m_panel->watchdog().expectMessageBox(text + u' ', title, QMessageBox::NoIcon);
+        m_panel->pressEnter("txtlondms_2");
+        QCOMPARE(m_panel->focus(), QStringLiteral("txtlondms_2"));
+        m_panel->edit("txtlatdms_0").setText(QStringLiteral("50"));
+        m_panel->watchdog().expectMessageBox(text, title, QMessageBox::NoIcon);
+        m_panel->pressEnter("txtlondms_2");
+        QCOMPARE(m_panel->focus(), QStringLiteral("txtlondms_2"));
     }
 
     void aLocatorIsSelectedAfterItsConversion() {
-        m_main->open();
-        m_main->type("txtLocator", QStringLiteral("jo20aw"));
-        m_main->pressEnter("txtLocator", Qt::Key_Enter);
-        QCOMPARE(m_main->edit("txtLocator").selectedText(), QStringLiteral("JO20AW"));
-        QCOMPARE(m_main->focus(), QStringLiteral("picFocus"));
+        m_panel->open();
+        m_panel->type("txtLocator", QStringLiteral("jo20aw"));
+        m_panel->pressEnter("txtLocator", Qt::Key_Enter);
+        QCOMPARE(m_panel->edit("txtLocator").selectedText(), QStringLiteral("JO20AW"));
+        QCOMPARE(m_panel->focus(), QStringLiteral("picFocus"));
     }
 
     void enterChain_data() {
@@ -203,12 +201,12 @@ private Q_SLOTS:
 
     void enterChain() {
         QFETCH(const QString, next);
-        m_main->open();
-        m_main->edit("txtlatdms_0").setText(QStringLiteral("50"));
-        m_main->edit("txtlondms_0").setText(QStringLiteral("4"));
+        m_panel->open();
+        m_panel->edit("txtlatdms_0").setText(QStringLiteral("50"));
+        m_panel->edit("txtlondms_0").setText(QStringLiteral("4"));
         for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
-            m_main->pressEnter(QTest::currentDataTag(), key);
-            QCOMPARE(m_main->focus(), next);
+            m_panel->pressEnter(QTest::currentDataTag(), key);
+            QCOMPARE(m_panel->focus(), next);
         }
     }
 
@@ -229,107 +227,120 @@ private Q_SLOTS:
 
     void copies() {
         QFETCH(const QString, text);
-        m_main->open();
-        m_main->type("txtLocator", QStringLiteral("jo20aw"));
-        m_main->click("cmdOKLocator");
-        m_main->edit("txtDecLat").setFocus();
-        m_main->click(QTest::currentDataTag());
+        m_panel->open();
+        m_panel->type("txtLocator", QStringLiteral("jo20aw"));
+        m_panel->click("cmdOKLocator");
+        m_panel->edit("txtDecLat").setFocus();
+        m_panel->click(QTest::currentDataTag());
         QCOMPARE(clipboardText(), text);
-        QCOMPARE(m_main->focus(), QStringLiteral("picFocus"));
+        QCOMPARE(m_panel->focus(), QStringLiteral("picFocus"));
     }
 
     void lettersAreUpperCasedAsTheyAreTyped() {
-        m_main->open();
-        m_main->type("txtLocator", QStringLiteral("jo20aw"));
-        QCOMPARE(m_main->text("txtLocator"), QStringLiteral("JO20AW"));
+        m_panel->open();
+        m_panel->type("txtLocator", QStringLiteral("jo20aw"));
+        QCOMPARE(m_panel->text("txtLocator"), QStringLiteral("JO20AW"));
     }
 
     void leavingTheLocatorBoxUpperCasesAndDeselects() {
-        m_main->open();
-        QLineEdit& box = m_main->edit("txtLocator");
+        m_panel->open();
+        QLineEdit& box = m_panel->edit("txtLocator");
         box.setFocus();
         box.setText(QStringLiteral("jo20"));
         box.selectAll();
-        m_main->edit("txtDecLat").setFocus();
+        m_panel->edit("txtDecLat").setFocus();
         QCOMPARE(box.text(), QStringLiteral("JO20"));
         QVERIFY(!box.hasSelectedText());
     }
 
     void clickingAShortBoxSelectsIt() {
-        m_main->open();
-        QLineEdit& box = m_main->edit("txtlondms_0");
+        m_panel->open();
+        QLineEdit& box = m_panel->edit("txtlondms_0");
         box.setText(QStringLiteral("-123"));
         QTest::mouseClick(&box, Qt::LeftButton);
         QCOMPARE(box.selectedText(), QStringLiteral("-12"));
     }
 
     void lettersFollowEveryKeystroke() {
-        m_main->open();
-        m_main->type("txtDecLat", QStringLiteral("-"));
-        QCOMPARE(m_main->text("lblDecNS"), QStringLiteral("N"));
-        m_main->type("txtDecLat", QStringLiteral("-5"));
-        QCOMPARE(m_main->text("lblDecNS"), QStringLiteral("S"));
-        m_main->edit("txtDecLong").setText(QStringLiteral("-0.1"));
-        QCOMPARE(m_main->text("lblDecEW"), QStringLiteral("W"));
-        m_main->edit("txtDecLong").clear();
-        QCOMPARE(m_main->text("lblDecEW"), QStringLiteral("E"));
+        m_panel->open();
+        m_panel->type("txtDecLat", QStringLiteral("-"));
+        QCOMPARE(m_panel->text("lblDecNS"), QStringLiteral("N"));
+        m_panel->type("txtDecLat", QStringLiteral("-5"));
+        QCOMPARE(m_panel->text("lblDecNS"), QStringLiteral("S"));
+        m_panel->edit("txtDecLong").setText(QStringLiteral("-0.1"));
+        QCOMPARE(m_panel->text("lblDecEW"), QStringLiteral("W"));
+        m_panel->edit("txtDecLong").clear();
+        QCOMPARE(m_panel->text("lblDecEW"), QStringLiteral("E"));
     }
 
     void aPasteIntoABoxLosesItsLineEnd() {
-        m_main->open();
+        m_panel->open();
         setClipboard("50.9375\r\n");
-        m_main->edit("txtDecLat").setFocus();
-        m_main->edit("txtDecLat").paste();
-        QCOMPARE(m_main->text("txtDecLat"), QStringLiteral("50.9375"));
+        m_panel->edit("txtDecLat").setFocus();
+        m_panel->edit("txtDecLat").paste();
+        QCOMPARE(m_panel->text("txtDecLat"), QStringLiteral("50.9375"));
     }
 
     void menu_data() {
         QTest::addColumn<QString>("entry");
         QTest::addColumn<QString>("clipboard");
-        QTest::addColumn<QString>("box");
         QTest::addColumn<QString>("text");
         const auto row = [](const char* name, const char* entry, const char* clipboard,
-                            const char* box, const char* text) {
+                            const char* text) {
             QTest::newRow(name) << QString::fromLatin1(entry) << QString::fromUtf8(clipboard)
-                                << QString::fromLatin1(box) << QString::fromUtf8(text);
+                                << QString::fromUtf8(text);
         };
-        row("paste", "mnuPasted", " fn42aa\r\n", "txtLocator", "FN42AA");
-        row("paste nothing", "mnuPasted", "", "txtLocator", "");
-        row("paste here", "mnuPaste_3", "\nfn42\n", "txtLocator", "FN42");
-        row("into Home", "mnuPaste_0", "x", "txtHome", "JO20AW");
-        row("into Target", "mnuPaste_1", "x", "txtTarget", "JO20AW");
+        row("paste", "mnuPasted", " fn42aa\r\n", "FN42AA");
+        row("paste nothing", "mnuPasted", "", "");
+        row("paste here", "mnuPaste_3", "\nfn42\n", "FN42");
     }
 
     void menu() {
         QFETCH(const QString, entry);
         QFETCH(const QString, clipboard);
-        QFETCH(const QString, box);
         QFETCH(const QString, text);
-        m_main->open();
+        m_panel->open();
         QGuiApplication::clipboard()->setText(clipboard);
-        m_main->edit("txtLocator").setText(QStringLiteral(" jo20aw "));
+        m_panel->edit("txtLocator").setText(QStringLiteral(" jo20aw "));
         chooseFromMenu(entry);
-        QCOMPARE(m_main->child<QLineEdit>(box).text(), text);
+        QCOMPARE(m_panel->text("txtLocator"), text);
+    }
+
+    void menuFillsTheUpperPanel_data() {
+        QTest::addColumn<bool>("isHome");
+        QTest::newRow("mnuPaste_0") << true;
+        QTest::newRow("mnuPaste_1") << false;
+    }
+
+    void menuFillsTheUpperPanel() {
+        QFETCH(const bool, isHome);
+        m_panel->open();
+        const QSignalSpy changed(&m_panel->panel(), &ConverterPanels::homeTargetChanged);
+        m_panel->edit("txtLocator").setText(QStringLiteral(" jo20aw "));
+        chooseFromMenu(QString::fromLatin1(QTest::currentDataTag()));
+        const HomeTarget& homeTarget = m_panel->form().homeTarget;
+        QCOMPARE(toQString((isHome ? homeTarget.txtHome : homeTarget.txtTarget).text()),
+                 QStringLiteral("JO20AW"));
+        QCOMPARE(changed.count(), 1);
     }
 
     void menuCopies() {
-        m_main->open();
-        m_main->edit("txtLocator").setText(QStringLiteral(" jo20aw "));
+        m_panel->open();
+        m_panel->edit("txtLocator").setText(QStringLiteral(" jo20aw "));
         chooseFromMenu(QStringLiteral("mnuPaste_5"));
         QCOMPARE(clipboardText(), QStringLiteral("JO20AW"));
     }
 
     void menuHasItsEntriesInOrder() {
-        m_main->open();
-        m_main->edit("txtLocator").setText(QStringLiteral("JO20"));
+        m_panel->open();
+        m_panel->edit("txtLocator").setText(QStringLiteral("JO20"));
         QStringList captions;
-        withMenu([&](QMenu& menu) {
+        QVERIFY(m_panel->withMenuOf(m_panel->edit("txtLocator"), [&](const QMenu& menu) {
             QCOMPARE(menu.objectName(), QStringLiteral("mnuOptions"));
             for (const QAction* action : menu.actions())
                 captions.append(action->isSeparator() ? QStringLiteral("-") : action->text());
-            QVERIFY(!m_main->edit("txtLocator").isEnabled());
-            menu.close();
-        });
+            QVERIFY(!m_panel->edit("txtLocator").isEnabled());
+        }));
         const QStringList wanted{QStringLiteral("Paste"),
                                  QStringLiteral("-"),
                                  QStringLiteral("Paste into Home:"),
@@ -339,31 +350,30 @@ private Q_SLOTS:
                                  QStringLiteral("-"),
                                  QStringLiteral("Copy")};
         QCOMPARE(captions, wanted);
-        QVERIFY(m_main->edit("txtLocator").isEnabled());
-        QVERIFY(m_main->edit("txtLocator").updatesEnabled());
-        QCOMPARE(m_main->focus(), QStringLiteral("txtLocator"));
+        QVERIFY(m_panel->edit("txtLocator").isEnabled());
+        QVERIFY(m_panel->edit("txtLocator").updatesEnabled());
+        QCOMPARE(m_panel->focus(), QStringLiteral("txtLocator"));
     }
 
     void aShortTextHasTheBoxsOwnMenu() {
-        m_main->open();
-        m_main->edit("txtLocator").setText(QStringLiteral("JO2"));
-        withMenu([&](QMenu& menu) {
+        m_panel->open();
+        m_panel->edit("txtLocator").setText(QStringLiteral("JO2"));
+        QVERIFY(m_panel->withMenuOf(m_panel->edit("txtLocator"), [](const QMenu& menu) {
             QVERIFY(menu.objectName() != QStringLiteral("mnuOptions"));
-            menu.close();
-        });
+        }));
     }
 
     void testButtonShowsADistance() {
-        m_main->open();
-        m_main->button("Command2").click();
-        QCOMPARE(m_main->text("Label1"), QStringLiteral("134.767616"));
+        m_panel->open();
+        m_panel->button("Command2").click();
+        QCOMPARE(m_panel->text("Label1"), QStringLiteral("134.767616"));
     }
 
 private:
     void announceMessage(const test::Row& row) {
         if (const auto message = test::expectedMessage(row))
-            m_main->watchdog().expectMessageBox(toQString(message->text), titleOf(*message),
-                                                test::messageBoxIcon(message->icon));
+            m_panel->watchdog().expectMessageBox(toQString(message->text), titleOf(*message),
+                                                 test::messageBoxIcon(message->icon));
     }
 
     static QString titleOf(const Message& message) {
@@ -374,38 +384,21 @@ private:
         QStringList parts;
         for (int i = 0; i < 3; ++i) {
             const QByteArray name = QByteArray(boxes) + '_' + QByteArray::number(i);
-            parts.append(m_main->text(name.constData()));
+            parts.append(m_panel->text(name.constData()));
         }
-        parts.append(m_main->list(list).currentText());
+        parts.append(m_panel->list(list).currentText());
         return parts.join(u' ');
     }
 
-    /// Opens the locator box's menu with the right mouse button and hands it over.
-    void withMenu(const std::function<void(QMenu&)>& use) {
-        bool wasUsed = false;
-        QTimer::singleShot(50, &m_main->window(), [&] {
-            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-            QVERIFY(menu != nullptr);
-            wasUsed = true;
-            use(*menu);
-        });
-        QLineEdit& box = m_main->edit("txtLocator");
-        const QPoint middle = box.mapTo(&m_main->window(), box.rect().center());
-        QTest::mousePress(m_main->window().windowHandle(), Qt::RightButton, {}, middle);
-        QVERIFY(QTest::qWaitFor([&] { return wasUsed; }));
-        QTest::mouseRelease(m_main->window().windowHandle(), Qt::RightButton, {}, middle);
-    }
-
     void chooseFromMenu(const QString& entry) {
-        withMenu([&](QMenu& menu) {
+        QVERIFY(m_panel->withMenuOf(m_panel->edit("txtLocator"), [&](const QMenu& menu) {
             auto* action = menu.findChild<QAction*>(entry);
             QVERIFY(action != nullptr);
             action->trigger();
-            menu.close();
-        });
+        }));
     }
 
-    std::unique_ptr<test::MainWindow> m_main;
+    std::unique_ptr<test::OpenedPanel<ConverterPanels>> m_panel;
 };
 
 QTEST_MAIN(ConverterPanelsTest)

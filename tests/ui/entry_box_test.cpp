@@ -1,11 +1,9 @@
 #include "tests/ui/main_window_fixture.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QClipboard>
 #include <QDragEnterEvent>
 #include <QDropEvent>
-#include <QMenu>
 #include <QMimeData>
 
 using namespace orbisgrid;
@@ -163,19 +161,6 @@ private:
         return edit.text();
     }
 
-    /// Opens the box's own menu with the right mouse button and hands it over; closed afterwards.
-    template <typename Use>
-    void withOwnMenu(QLineEdit& edit, const Use& use) {
-        const QPoint middle = edit.mapTo(&m_main->window(), edit.rect().center());
-        QTest::mousePress(m_main->window().windowHandle(), Qt::RightButton, {}, middle);
-        QTRY_VERIFY(QApplication::activePopupWidget() != nullptr);
-        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        QVERIFY(menu != nullptr);
-        use(*menu);
-        menu->close();
-        QTest::mouseRelease(m_main->window().windowHandle(), Qt::RightButton, {}, middle);
-    }
-
     static QAction* entryOf(const QMenu& menu, const char* caption) {
         for (QAction* action : menu.actions()) {
             if (action->text().startsWith(QString::fromLatin1(caption)))
@@ -185,22 +170,22 @@ private:
     }
 
     void chooseFromOwnMenu(QLineEdit& edit, const char* entry) {
-        withOwnMenu(edit, [&](QMenu& menu) {
+        QVERIFY(m_main->withMenuOf(edit, [&](const QMenu& menu) {
             QAction* action = entryOf(menu, entry);
             QVERIFY(action != nullptr);
             QVERIFY(action->isEnabled());
             action->trigger();
-        });
+        }));
     }
 
     bool isEnabledInOwnMenu(QLineEdit& edit, const char* entry) {
         bool isEnabled = false;
-        withOwnMenu(edit, [&](QMenu& menu) {
+        const bool came = m_main->withMenuOf(edit, [&](const QMenu& menu) {
             QAction* action = entryOf(menu, entry);
             QVERIFY(action != nullptr);
             isEnabled = action->isEnabled();
         });
-        return isEnabled;
+        return came && isEnabled;
     }
 
     /// Result: what was done with the dropped text.

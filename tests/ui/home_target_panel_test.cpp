@@ -1,7 +1,10 @@
-#include "tests/ui/main_window_fixture.h"
+#include "tests/ui/opened_panel.h"
+#include "ui/home_target_panel.h"
+#include "ui/qt_text.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QSignalSpy>
 #include <QToolTip>
 
 using namespace orbisgrid;
@@ -16,13 +19,6 @@ QString clipboardText() {
     return QGuiApplication::clipboard()->text();
 }
 
-QStringList itemsOf(const QComboBox& list) {
-    QStringList items;
-    for (int i = 0; i < list.count(); ++i)
-        items.append(list.itemText(i));
-    return items;
-}
-
 } // namespace
 
 class HomeTargetPanelTest : public QObject {
@@ -30,11 +26,11 @@ class HomeTargetPanelTest : public QObject {
 
 private Q_SLOTS:
 
-    void init() { m_main = std::make_unique<test::MainWindow>(); }
+    void init() { m_panel = std::make_unique<test::OpenedPanel<HomeTargetPanel>>(); }
 
     void cleanup() {
-        QVERIFY(m_main->watchdog().allCame());
-        m_main.reset();
+        QVERIFY(m_panel->watchdog().allCame());
+        m_panel.reset();
     }
 
     void captionsAndTips_data() {
@@ -71,91 +67,91 @@ private Q_SLOTS:
         QFETCH(const QString, control);
         QFETCH(const QString, text);
         QFETCH(const QString, tip);
-        m_main->open();
-        const auto& widget = m_main->child<QWidget>(control);
+        m_panel->open();
+        const auto& widget = m_panel->child<QWidget>(control);
         QCOMPARE(widget.property("text").toString(), text);
         QCOMPARE(widget.toolTip(), tip);
     }
 
     void staticLabelsAreThere() {
-        m_main->open();
-        QStringList texts;
-        for (const QLabel* label : m_main->window().findChildren<QLabel*>())
-            texts.append(label->text());
+        m_panel->open();
+        const QStringList texts = m_panel->labelTexts();
         for (const char* caption : {"Home: ", "Target: ", "Home>", "Target>", "Home>  Latitude:",
                                     "Target> Latitude:", "Longitude:", "Distance:", "Azimuth:"})
             QVERIFY2(texts.contains(QString::fromLatin1(caption)), caption);
     }
 
     void calculateFillsLabelsListsAndConverter() {
-        m_main->open();
-        m_main->type("txtHome", QStringLiteral("JO20AW"));
-        m_main->type("txtTarget", QStringLiteral("FN42AA"));
-        m_main->click("cmdCalculateDistDir");
-        QCOMPARE(m_main->text("lblDistKm"), QStringLiteral("5637 Km"));
-        QCOMPARE(m_main->text("lblDistMile"), QStringLiteral("3520 Miles"));
-        QCOMPARE(m_main->text("lblAzimuth"), QStringLiteral("291 degrees"));
-        QCOMPARE(m_main->text("lblHomeLat"), QStringLiteral("50.9375N°"));
-        QCOMPARE(m_main->text("lblHomeLong"), QStringLiteral("4.041667E°"));
-        QCOMPARE(m_main->text("lblTargetLat"), QStringLiteral("42.02083N°"));
-        QCOMPARE(m_main->text("lblTargetLong"), QStringLiteral("-71.95834W°"));
-        QCOMPARE(itemsOf(m_main->list("cmbHome")), QStringList{QStringLiteral("JO20AW")});
-        QCOMPARE(itemsOf(m_main->list("cmbTarget")), QStringList{QStringLiteral("FN42AA")});
-        QCOMPARE(m_main->list("cmbHome").currentIndex(), -1);
-        QCOMPARE(m_main->text("txtLocator"), QStringLiteral("FN42AA"));
-        QCOMPARE(m_main->edit("txtLocator").selectedText(), QStringLiteral("FN42AA"));
-        QCOMPARE(m_main->text("txtUIView"), QStringLiteral("=4201.15N/07157.30W"));
-        QCOMPARE(m_main->focus(), QStringLiteral("picFocus"));
+        m_panel->open();
+        const QSignalSpy changed(&m_panel->panel(), &HomeTargetPanel::converterChanged);
+        m_panel->type("txtHome", QStringLiteral("JO20AW"));
+        m_panel->type("txtTarget", QStringLiteral("FN42AA"));
+        m_panel->click("cmdCalculateDistDir");
+        QCOMPARE(m_panel->text("lblDistKm"), QStringLiteral("5637 Km"));
+        QCOMPARE(m_panel->text("lblDistMile"), QStringLiteral("3520 Miles"));
+        QCOMPARE(m_panel->text("lblAzimuth"), QStringLiteral("291 degrees"));
+        QCOMPARE(m_panel->text("lblHomeLat"), QStringLiteral("50.9375N°"));
+        QCOMPARE(m_panel->text("lblHomeLong"), QStringLiteral("4.041667E°"));
+        QCOMPARE(m_panel->text("lblTargetLat"), QStringLiteral("42.02083N°"));
+        QCOMPARE(m_panel->text("lblTargetLong"), QStringLiteral("-71.95834W°"));
+        QCOMPARE(m_panel->items("cmbHome"), QStringList{QStringLiteral("JO20AW")});
+        QCOMPARE(m_panel->items("cmbTarget"), QStringList{QStringLiteral("FN42AA")});
+        QCOMPARE(m_panel->list("cmbHome").currentIndex(), -1);
+        const Converter& converter = m_panel->form().converter;
+        QCOMPARE(toQString(converter.txtLocator.text()), QStringLiteral("FN42AA"));
+        QCOMPARE(toQString(converter.txtUIView.text()), QStringLiteral("=4201.15N/07157.30W"));
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(m_panel->focus(), QStringLiteral("picFocus"));
     }
 
     void calculateCompletesTheBoxesAndRemembersOnce() {
-        m_main->open();
-        m_main->type("txtHome", QStringLiteral("jo20"));
-        m_main->type("txtTarget", QStringLiteral("fn42"));
-        m_main->click("cmdCalculateDistDir");
-        m_main->click("cmdCalculateDistDir");
-        QCOMPARE(m_main->text("txtHome"), QStringLiteral("JO20LL"));
-        QCOMPARE(m_main->text("txtTarget"), QStringLiteral("FN42LL"));
-        QCOMPARE(itemsOf(m_main->list("cmbHome")), QStringList{QStringLiteral("JO20LL")});
-        QCOMPARE(itemsOf(m_main->list("cmbTarget")), QStringList{QStringLiteral("FN42LL")});
+        m_panel->open();
+        m_panel->type("txtHome", QStringLiteral("jo20"));
+        m_panel->type("txtTarget", QStringLiteral("fn42"));
+        m_panel->click("cmdCalculateDistDir");
+        m_panel->click("cmdCalculateDistDir");
+        QCOMPARE(m_panel->text("txtHome"), QStringLiteral("JO20LL"));
+        QCOMPARE(m_panel->text("txtTarget"), QStringLiteral("FN42LL"));
+        QCOMPARE(m_panel->items("cmbHome"), QStringList{QStringLiteral("JO20LL")});
+        QCOMPARE(m_panel->items("cmbTarget"), QStringList{QStringLiteral("FN42LL")});
     }
 
     void refusalsNameTheirBoxAndLeadToItsList() {
-        m_main->open();
-        m_main->type("txtHome", QStringLiteral("JO2"));
-        m_main->type("txtTarget", QStringLiteral("FN4"));
-        m_main->watchdog().expectMessageBox(QStringLiteral("Invallid Home Locator!") + lengthRule,
-                                            QStringLiteral("Invalid Home Locator"),
-                                            QMessageBox::Warning);
-        m_main->click("cmdCalculateDistDir");
-        QCOMPARE(m_main->focus(), QStringLiteral("cmbHome"));
-        m_main->type("txtHome", QStringLiteral("JO20"));
-        m_main->watchdog().expectMessageBox(QStringLiteral("Invallid Target Locator!") + lengthRule,
-                                            QStringLiteral("Invalid Target Locator"),
-                                            QMessageBox::Warning);
-        m_main->click("cmdCalculateDistDir");
-        QCOMPARE(m_main->focus(), QStringLiteral("cmbTarget"));
-        m_main->type("txtTarget", QStringLiteral("FN4A"));
-        m_main->watchdog().expectMessageBox(QStringLiteral("Invalid locator!"),
-                                            QStringLiteral("Invalid locator format"),
-                                            QMessageBox::Warning);
-        m_main->click("cmdCalculateDistDir");
-        QCOMPARE(m_main->focus(), QStringLiteral("cmdCalculateDistDir"));
-        QCOMPARE(m_main->text("lblDistKm"), QStringLiteral("0 Km"));
-        QCOMPARE(m_main->list("cmbHome").count(), 0);
+        m_panel->open();
+        m_panel->type("txtHome", QStringLiteral("JO2"));
+        m_panel->type("txtTarget", QStringLiteral("FN4"));
+        m_panel->watchdog().expectMessageBox(QStringLiteral("Invallid Home Locator!") + lengthRule,
+                                             QStringLiteral("Invalid Home Locator"),
+                                             QMessageBox::Warning);
+        m_panel->click("cmdCalculateDistDir");
+        QCOMPARE(m_panel->focus(), QStringLiteral("cmbHome"));
+        m_panel->type("txtHome", QStringLiteral("JO20"));
+        m_panel->watchdog().expectMessageBox(
+            QStringLiteral("Invallid Target Locator!") + lengthRule,
+            QStringLiteral("Invalid Target Locator"), QMessageBox::Warning);
+        m_panel->click("cmdCalculateDistDir");
+        QCOMPARE(m_panel->focus(), QStringLiteral("cmbTarget"));
+        m_panel->type("txtTarget", QStringLiteral("FN4A"));
+        m_panel->watchdog().expectMessageBox(QStringLiteral("Invalid locator!"),
+                                             QStringLiteral("Invalid locator format"),
+                                             QMessageBox::Warning);
+        m_panel->click("cmdCalculateDistDir");
+        QCOMPARE(m_panel->focus(), QStringLiteral("cmdCalculateDistDir"));
+        QCOMPARE(m_panel->text("lblDistKm"), QStringLiteral("0 Km"));
+        QCOMPARE(m_panel->list("cmbHome").count(), 0);
     }
 
     void boxesTakeSixCharacters() {
-        m_main->open();
-        m_main->type("txtHome", QStringLiteral("JO20AWXX"));
-        QCOMPARE(m_main->text("txtHome"), QStringLiteral("JO20AW"));
-        QCOMPARE(m_main->edit("txtTarget").maxLength(), 6);
+        m_panel->open();
+        m_panel->type("txtHome", QStringLiteral("JO20AWXX"));
+        QCOMPARE(m_panel->text("txtHome"), QStringLiteral("JO20AW"));
+        QCOMPARE(m_panel->edit("txtTarget").maxLength(), 6);
     }
 
     void lettersAreUpperCasedOnRelease() {
-        m_main->open();
-        QLineEdit& home = m_main->edit("txtHome");
-        m_main->type("txtHome", QStringLiteral("jo20aw"));
+        m_panel->open();
+        QLineEdit& home = m_panel->edit("txtHome");
+        m_panel->type("txtHome", QStringLiteral("jo20aw"));
         QCOMPARE(home.text(), QStringLiteral("JO20AW"));
         home.setText(QStringLiteral("jo20"));
         home.setCursorPosition(2);
@@ -167,8 +163,8 @@ private Q_SLOTS:
     }
 
     void aReleaseThatChangesNothingKeepsTheSelection() {
-        m_main->open();
-        QLineEdit& home = m_main->edit("txtHome");
+        m_panel->open();
+        QLineEdit& home = m_panel->edit("txtHome");
         home.setText(QStringLiteral("JO20AW"));
         home.setSelection(1, 3);
         QTest::keyRelease(&home, Qt::Key_A);
@@ -176,15 +172,15 @@ private Q_SLOTS:
     }
 
     void arrowsLeadFromBoxToBox() {
-        m_main->open();
-        m_main->type("txtHome", QStringLiteral("JO20AW"));
-        m_main->type("txtTarget", QStringLiteral("FN42AA"));
-        QTest::keyClick(&m_main->edit("txtTarget"), Qt::Key_Up);
-        QCOMPARE(m_main->focus(), QStringLiteral("txtHome"));
-        QCOMPARE(m_main->edit("txtHome").selectedText(), QStringLiteral("JO20AW"));
-        QTest::keyClick(&m_main->edit("txtHome"), Qt::Key_Down);
-        QCOMPARE(m_main->focus(), QStringLiteral("txtTarget"));
-        QCOMPARE(m_main->edit("txtTarget").selectedText(), QStringLiteral("FN42AA"));
+        m_panel->open();
+        m_panel->type("txtHome", QStringLiteral("JO20AW"));
+        m_panel->type("txtTarget", QStringLiteral("FN42AA"));
+        QTest::keyClick(&m_panel->edit("txtTarget"), Qt::Key_Up);
+        QCOMPARE(m_panel->focus(), QStringLiteral("txtHome"));
+        QCOMPARE(m_panel->edit("txtHome").selectedText(), QStringLiteral("JO20AW"));
+        QTest::keyClick(&m_panel->edit("txtHome"), Qt::Key_Down);
+        QCOMPARE(m_panel->focus(), QStringLiteral("txtTarget"));
+        QCOMPARE(m_panel->edit("txtTarget").selectedText(), QStringLiteral("FN42AA"));
     }
 
     void enterInHome_data() {
@@ -211,41 +207,33 @@ private Q_SLOTS:
         QFETCH(const QString, focus);
         QFETCH(const bool, calculates);
         for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
-            m_main = std::make_unique<test::MainWindow>();
-            m_main->open();
-            m_main->edit("txtHome").setText(home);
-            m_main->edit("txtTarget").setText(target);
-            m_main->pressEnter("txtHome", key);
-            QCOMPARE(m_main->focus(), focus);
-            QCOMPARE(m_main->text("lblDistKm") == QStringLiteral("5637 Km"), calculates);
-            QCOMPARE(m_main->text("txtHome"), calculates ? home.toUpper() : home);
+            m_panel = std::make_unique<test::OpenedPanel<HomeTargetPanel>>();
+            m_panel->open();
+            m_panel->edit("txtHome").setText(home);
+            m_panel->edit("txtTarget").setText(target);
+            m_panel->pressEnter("txtHome", key);
+            QCOMPARE(m_panel->focus(), focus);
+            QCOMPARE(m_panel->text("lblDistKm") == QStringLiteral("5637 Km"), calculates);
+            QCOMPARE(m_panel->text("txtHome"), calculates ? home.toUpper() : home);
         }
     }
 
     void enterInTarget() {
-        m_main->open();
-        m_main->edit("txtHome").setText(QStringLiteral("JO20AW"));
-        m_main->edit("txtTarget").setText(QStringLiteral("FN4"));
-        m_main->pressEnter("txtTarget");
-        QCOMPARE(m_main->text("lblDistKm"), QStringLiteral("0 Km"));
-        m_main->edit("txtTarget").setText(QStringLiteral("fn42aa"));
-        m_main->pressEnter("txtTarget");
-        QCOMPARE(m_main->text("lblDistKm"), QStringLiteral("5637 Km"));
-        QCOMPARE(m_main->text("txtTarget"), QStringLiteral("FN42AA"));
-        QCOMPARE(m_main->focus(), QStringLiteral("txtTarget"));
-    }
-
-    void enterOnTheButtonCalculates() {
-        m_main->open();
-        m_main->edit("txtHome").setText(QStringLiteral("JO20AW"));
-        m_main->edit("txtTarget").setText(QStringLiteral("FN42AA"));
-        m_main->pressEnter("cmdCalculateDistDir");
-        QCOMPARE(m_main->text("lblDistKm"), QStringLiteral("5637 Km"));
+        m_panel->open();
+        m_panel->edit("txtHome").setText(QStringLiteral("JO20AW"));
+        m_panel->edit("txtTarget").setText(QStringLiteral("FN4"));
+        m_panel->pressEnter("txtTarget");
+        QCOMPARE(m_panel->text("lblDistKm"), QStringLiteral("0 Km"));
+        m_panel->edit("txtTarget").setText(QStringLiteral("fn42aa"));
+        m_panel->pressEnter("txtTarget");
+        QCOMPARE(m_panel->text("lblDistKm"), QStringLiteral("5637 Km"));
+        QCOMPARE(m_panel->text("txtTarget"), QStringLiteral("FN42AA"));
+        QCOMPARE(m_panel->focus(), QStringLiteral("txtTarget"));
     }
 
     void rightButtonSelectsFromTheCaret() {
-        m_main->open();
-        QLineEdit& home = m_main->edit("txtHome");
+        m_panel->open();
+        QLineEdit& home = m_panel->edit("txtHome");
         home.setText(QStringLiteral("JO20AW"));
         home.setCursorPosition(2);
         QTest::mousePress(&home, Qt::RightButton);
@@ -258,119 +246,95 @@ private Q_SLOTS:
     }
 
     void aPasteLosesWhatStandsAround() {
-        m_main->open();
+        m_panel->open();
         QGuiApplication::clipboard()->setText(QStringLiteral("  jo20aw\r\n"));
-        m_main->edit("txtHome").setFocus();
-        QTest::keySequence(&m_main->edit("txtHome"), QKeySequence::Paste);
-        QCOMPARE(m_main->text("txtHome").toUpper(), QStringLiteral("JO20AW"));
+        m_panel->edit("txtHome").setFocus();
+        QTest::keySequence(&m_panel->edit("txtHome"), QKeySequence::Paste);
+        QCOMPARE(m_panel->text("txtHome").toUpper(), QStringLiteral("JO20AW"));
     }
 
     void choosingAnItemFillsTheBoxAndCalculatesNothing() {
-        test::IniText ini;
-        ini.homeLines = test::listLines("JO20AW,FN42AA");
-        m_main->open(ini);
-        QComboBox& list = m_main->list("cmbHome");
+        m_panel->form().homeTarget.cmbHome.items = {u"JO20AW", u"FN42AA"};
+        m_panel->open();
+        QComboBox& list = m_panel->list("cmbHome");
         QCOMPARE(list.currentIndex(), -1);
         list.setFocus();
         QTest::keyClick(&list, Qt::Key_Down);
-        QCOMPARE(m_main->text("txtHome"), QStringLiteral("JO20AW"));
-        QCOMPARE(m_main->focus(), QStringLiteral("txtHome"));
-        QCOMPARE(m_main->edit("txtHome").selectedText(), QStringLiteral("JO20AW"));
-        QCOMPARE(m_main->text("lblDistKm"), QStringLiteral("0 Km"));
+        QCOMPARE(m_panel->text("txtHome"), QStringLiteral("JO20AW"));
+        QCOMPARE(m_panel->focus(), QStringLiteral("txtHome"));
+        QCOMPARE(m_panel->edit("txtHome").selectedText(), QStringLiteral("JO20AW"));
+        QCOMPARE(m_panel->text("lblDistKm"), QStringLiteral("0 Km"));
     }
 
     void clearingAListAsksFirst() {
-        test::IniText ini;
-        ini.homeLines = test::listLines("JO20AW,FN42AA");
-        ini.targetLines = test::listLines("JN00AA");
-        ini.defaultHome = "JO20";
-        m_main->open(ini);
+        HomeTarget& homeTarget = m_panel->form().homeTarget;
+        homeTarget.cmbHome.items = {u"JO20AW", u"FN42AA"};
+        homeTarget.cmbTarget.items = {u"JN00AA"};
+        homeTarget.txtHome.set(u"JO20");
+        m_panel->open();
         const auto question = QStringLiteral("Do you want to clear the contents of the Home list?");
-        m_main->watchdog().expectMessageBox(question, QStringLiteral("Clear Home"),
-                                            QMessageBox::Question, QMessageBox::No);
-        m_main->click("cmdClear_0");
-        QCOMPARE(m_main->list("cmbHome").count(), 2);
-        QCOMPARE(m_main->text("txtHome"), QStringLiteral("JO20"));
-        m_main->watchdog().expectMessageBox(question, QStringLiteral("Clear Home"),
-                                            QMessageBox::Question, QMessageBox::Yes);
-        m_main->click("cmdClear_0");
-        QCOMPARE(m_main->list("cmbHome").count(), 0);
-        QCOMPARE(m_main->text("txtHome"), QString());
-        QCOMPARE(m_main->list("cmbTarget").count(), 1);
-        m_main->watchdog().expectMessageBox(
+        m_panel->watchdog().expectMessageBox(question, QStringLiteral("Clear Home"),
+                                             QMessageBox::Question, QMessageBox::No);
+        m_panel->click("cmdClear_0");
+        QCOMPARE(m_panel->list("cmbHome").count(), 2);
+        QCOMPARE(m_panel->text("txtHome"), QStringLiteral("JO20"));
+        m_panel->watchdog().expectMessageBox(question, QStringLiteral("Clear Home"),
+                                             QMessageBox::Question, QMessageBox::Yes);
+        m_panel->click("cmdClear_0");
+        QCOMPARE(m_panel->list("cmbHome").count(), 0);
+        QCOMPARE(m_panel->text("txtHome"), QString());
+        QCOMPARE(m_panel->list("cmbTarget").count(), 1);
+        m_panel->watchdog().expectMessageBox(
             QStringLiteral("Do you want to clear the contents of the Target list?"),
             QStringLiteral("Clear Target"), QMessageBox::Question, QMessageBox::Yes);
-        m_main->edit("txtTarget").setText(QStringLiteral("JN00"));
-        m_main->click("cmdClear_1");
-        QCOMPARE(m_main->list("cmbTarget").count(), 0);
-        QCOMPARE(m_main->text("txtTarget"), QString());
+        m_panel->edit("txtTarget").setText(QStringLiteral("JN00"));
+        m_panel->click("cmdClear_1");
+        QCOMPARE(m_panel->list("cmbTarget").count(), 0);
+        QCOMPARE(m_panel->text("txtTarget"), QString());
     }
 
     void removingAnItemDoesNotAsk() {
-        test::IniText ini;
-        ini.targetLines = test::listLines("JO20AW,FN42AA");
-        m_main->open(ini);
-        m_main->click("cmdClear1Item_1");
-        QCOMPARE(m_main->list("cmbTarget").count(), 2);
-        QComboBox& list = m_main->list("cmbTarget");
+        m_panel->form().homeTarget.cmbTarget.items = {u"JO20AW", u"FN42AA"};
+        m_panel->open();
+        m_panel->click("cmdClear1Item_1");
+        QCOMPARE(m_panel->list("cmbTarget").count(), 2);
+        QComboBox& list = m_panel->list("cmbTarget");
         list.setCurrentIndex(1);
         Q_EMIT list.activated(1);
-        m_main->click("cmdClear1Item_1");
-        QCOMPARE(itemsOf(list), QStringList{QStringLiteral("JO20AW")});
+        m_panel->click("cmdClear1Item_1");
+        QCOMPARE(m_panel->items("cmbTarget"), QStringList{QStringLiteral("JO20AW")});
         QCOMPARE(list.currentIndex(), -1);
-        QCOMPARE(m_main->text("txtTarget"), QString());
+        QCOMPARE(m_panel->text("txtTarget"), QString());
     }
 
-    void defaultIsWrittenAtOnce() {
-        m_main->open();
-        m_main->type("txtHome", QStringLiteral("JO20AW"));
-        m_main->click("cmdDefault_0");
-        m_main->type("txtTarget", QStringLiteral("FN42"));
-        m_main->click("cmdDefault_1");
-        QCOMPARE(m_main->iniLines().at(3), QStringLiteral("JO20AW"));
-        QCOMPARE(m_main->iniLines().at(5), QStringLiteral("FN42"));
+    void aDefaultIsToBeWritten() {
+        m_panel->open();
+        const QSignalSpy changed(&m_panel->panel(), &HomeTargetPanel::defaultsChanged);
+        m_panel->type("txtHome", QStringLiteral("JO20AW"));
+        m_panel->click("cmdDefault_0");
+        m_panel->type("txtTarget", QStringLiteral("FN42"));
+        m_panel->click("cmdDefault_1");
+        const HomeTarget& homeTarget = m_panel->form().homeTarget;
+        QCOMPARE(toQString(homeTarget.DefaultHome), QStringLiteral("JO20AW"));
+        QCOMPARE(toQString(homeTarget.DefaultTarget), QStringLiteral("FN42"));
+        QCOMPARE(changed.count(), 2);
     }
 
     void reportGoesToTheClipboard() {
-        m_main->open();
-        m_main->type("txtHome", QStringLiteral("JO20AW"));
-        m_main->type("txtTarget", QStringLiteral("FN42AA"));
-        m_main->click("cmdCalculateDistDir");
-        m_main->edit("txtHome").setFocus();
-        m_main->click("Command1");
+        m_panel->open();
+        m_panel->type("txtHome", QStringLiteral("JO20AW"));
+        m_panel->type("txtTarget", QStringLiteral("FN42AA"));
+        m_panel->click("cmdCalculateDistDir");
+        m_panel->edit("txtHome").setFocus();
+        m_panel->click("Command1");
         QVERIFY(clipboardText().startsWith(QStringLiteral(
             "Home locator  :JO20AW\r\nTarget Locator:FN42AA\r\nDistance:5637 Km\r\n")));
         QVERIFY(clipboardText().endsWith(QStringLiteral("Target> Longitude:-71.95834W°")));
-        QCOMPARE(m_main->focus(), QStringLiteral("picFocus"));
-    }
-
-    void mapOpensAtTheConverter_data() {
-        QTest::addColumn<QString>("latitude");
-        QTest::addColumn<QString>("longitude");
-        QTest::addColumn<QByteArray>("address");
-        QTest::newRow("as typed") << QStringLiteral("50.9375") << QStringLiteral("-4.5")
-                                  << QByteArray("http://www.google.com/maps?q=50.9375,-4.5");
-        QTest::newRow("fractions written out")
-            << QStringLiteral(".5") << QStringLiteral("0.00001")
-            << QByteArray("http://www.google.com/maps?q=0.5,0.00001");
-        QTest::newRow("blanks are encoded")
-            << QStringLiteral(" 50.9") << QStringLiteral("4&x=1")
-            << QByteArray("http://www.google.com/maps?q=%2050.9,4%26x%3D1");
-    }
-
-    void mapOpensAtTheConverter() {
-        QFETCH(const QString, latitude);
-        QFETCH(const QString, longitude);
-        QFETCH(const QByteArray, address);
-        m_main->open();
-        m_main->edit("txtDecLat").setText(latitude);
-        m_main->edit("txtDecLong").setText(longitude);
-        m_main->click("cmdShowMapURL");
-        QCOMPARE(m_main->box().takeOpenedAddress(), address);
+        QCOMPARE(m_panel->focus(), QStringLiteral("picFocus"));
     }
 
 private:
-    std::unique_ptr<test::MainWindow> m_main;
+    std::unique_ptr<test::OpenedPanel<HomeTargetPanel>> m_panel;
 };
 
 QTEST_MAIN(HomeTargetPanelTest)

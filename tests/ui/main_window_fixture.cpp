@@ -20,41 +20,12 @@ void MainWindow::open(const QByteArray& ini) {
     m_window->Form_Load();
     m_window->show();
     m_window->countUse();
-    m_window->activateWindow();
-    if (!QTest::qWaitForWindowActive(m_window.get()))
-        qFatal("the window does not become active");
+    showActive();
 }
 
 void MainWindow::close() {
     m_window->close();
     m_window.reset();
-}
-
-QString MainWindow::text(const char* name) {
-    return child<QWidget>(QString::fromLatin1(name)).property("text").toString();
-}
-
-void MainWindow::type(const char* name, const QString& text) {
-    QLineEdit& box = edit(name);
-    box.setFocus();
-    box.selectAll();
-    QTest::keyClick(&box, Qt::Key_Delete);
-    QTest::keyClicks(&box, text);
-}
-
-void MainWindow::click(const char* name) {
-    QTest::mouseClick(&button(name), Qt::LeftButton);
-}
-
-void MainWindow::pressEnter(const char* name, Qt::Key key) {
-    auto& widget = child<QWidget>(QString::fromLatin1(name));
-    widget.setFocus();
-    QTest::keyClick(&widget, key);
-}
-
-QString MainWindow::focus() const {
-    const QWidget* widget = m_window->focusWidget();
-    return widget == nullptr ? QString() : widget->objectName();
 }
 
 QString MainWindow::iniPath() const {

@@ -98,7 +98,7 @@ private Q_SLOTS:
                 size.height() > 1 ? size.height() : own.height() + size.height()};
         const QMargins before = marginsOf(main.window());
         main.window().resize(size);
-        QTRY_COMPARE(main.window().size(), size);
+        QVERIFY(QTest::qWaitFor([&] { return main.window().size() == size; }));
         QCOMPARE(moved(places, placesIn(main)).join(u' '), QString());
         const QMargins margins = marginsOf(main.window());
         const QSize more = size - own;
