@@ -33,7 +33,7 @@ protected:
     /// The command that starts the program in nothing but the sound variables, changed.
     std::string command(const std::string& changes) const {
         std::string command = "env -i PATH=\"$PATH\" DISPLAY=\"$DISPLAY\""
-                              " DBUS_SESSION_BUS_ADDRESS=disabled: HOME=@/home"
+                              " DBUS_SESSION_BUS_ADDRESS=disabled: HOME=@/home LC_ALL=C.UTF-8"
                               " XDG_CONFIG_HOME=@/config XDG_RUNTIME_DIR=@/runtime"
                               " ORBISGRID_PROGRAM_FOLDER=@/program env " +
                               changes + " " ORBISGRID_PROGRAM;
