@@ -1,4 +1,5 @@
 #include "benchmarks/cases.h"
+#include "geodesy/calc_dist_azimuth.h"
 #include "geodesy/great_circle.h"
 
 #include <algorithm>
