@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QStyleOption>
 
+#include <algorithm>
 #include <array>
 
 namespace orbisgrid {
@@ -87,6 +88,13 @@ const QPalette& ContrastStyle::paletteFor(const QPalette& palette) const {
     if (m_palettes.size() >= most)
         m_palettes.clear();
     return *m_palettes.insert(palette.cacheKey(), withSeenEdges(palette));
+}
+
+int ContrastStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                               const QWidget* widget) const {
+    const int usual = QProxyStyle::pixelMetric(metric, option, widget);
+    const bool isSquare = metric == PM_IndicatorWidth || metric == PM_IndicatorHeight;
+    return isSquare && option != nullptr ? std::max(usual, option->fontMetrics.ascent()) : usual;
 }
 
 void ContrastStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,

@@ -11,7 +11,7 @@ namespace orbisgrid {
 /// which is hardly seen on a light window and not at all on a dark one. This makes it draw them,
 /// and the ring around what has the focus, with a contrast of at least 3 to 1 to what is beside
 /// them, and the faint text of a list without a selection with 4.5 to 1. On a black window edges
-/// have the colour of the text.
+/// have the colour of the text. The square of a check box grows with its text.
 class ContrastStyle : public QProxyStyle {
     Q_OBJECT
 
@@ -20,6 +20,9 @@ public:
                        const QWidget* widget) const override;
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
+
+    int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                    const QWidget* widget) const override;
 
     using QProxyStyle::polish;
 

@@ -4,7 +4,9 @@
 #include "ui/contrast_style.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QPixmapCache>
+#include <QStyleOptionButton>
 #include <QTest>
 
 using namespace orbisgrid;
@@ -16,6 +18,12 @@ double edgeContrastOf(QWidget& widget) {
     widget.resize(120, 40);
     const QImage image = widget.grab().toImage();
     return test::edgeContrast(image, image.rect(), widget.palette().color(QPalette::Window));
+}
+
+QRect squareOf(const QCheckBox& box) {
+    QStyleOptionButton option;
+    option.initFrom(&box);
+    return box.style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, &box);
 }
 
 } // namespace
@@ -53,6 +61,18 @@ private Q_SLOTS:
         useContrastStyleWhereNeeded();
         const double seen = edgeContrastOf(*test::madeControl(kind));
         QVERIFY2(seen >= contrastOfEdges, qPrintable(QString::number(seen)));
+    }
+
+    void theSquareOfACheckBoxGrowsWithItsText() {
+        useContrastStyleWhereNeeded();
+        QCheckBox box(QStringLiteral("Stay on top"));
+        const int usual = squareOf(box).height();
+        QFont font = box.font();
+        font.setPointSize(18);
+        box.setFont(font);
+        QVERIFY(squareOf(box).height() > usual);
+        QCOMPARE(squareOf(box).height(), box.fontMetrics().ascent());
+        QCOMPARE(squareOf(box).width(), squareOf(box).height());
     }
 
     void edgesAreQuietUnlessTheWindowIsBlack() {
