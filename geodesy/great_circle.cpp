@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace orbisgrid {
 
@@ -111,6 +112,12 @@ std::optional<LocatorPath> pathBetween(LocatorPair locators) {
     const Position from = pointOf(*home);
     const Position to = pointOf(*target);
     return LocatorPath{from, to, greatCircle(from, to)};
+}
+
+LongPath longPath(GreatCircle shortPath) {
+    constexpr double circumference = 2 * std::numbers::pi * earthRadius;
+    const double azimuth = static_cast<double>(shortPath.azimuth) + 180;
+    return {circumference - shortPath.kilometres, azimuth >= 360 ? azimuth - 360 : azimuth};
 }
 
 double shownKilometres(double kilometres) {

@@ -46,6 +46,14 @@ inline constexpr double earthRadius = 6367;
 /// (see geodesy/locator_check.h). Result: nothing where one of them fails its check.
 [[nodiscard]] std::optional<LocatorPath> pathBetween(LocatorPair locators);
 
+/// The other way round between the same two places.
+struct LongPath {
+    double kilometres{}; ///< the circumference of the sphere less the distance
+    double azimuth{};    ///< 180 degrees away from that of the short path: 0 up to 360
+};
+
+[[nodiscard]] LongPath longPath(GreatCircle shortPath);
+
 /// Kilometres as they are shown: rounded to tenths and then cut, so that the next one shows from a
 /// fraction of 0.95 on. 123.94 is 123, 123.95 is 124.
 [[nodiscard]] double shownKilometres(double kilometres);
