@@ -1,0 +1,98 @@
+#include "map/land.h"
+
+#include "map/rim_clip.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace orbisgrid {
+
+namespace {
+
+constexpr double pi = std::numbers::pi;
+constexpr double leftOut = 0.15; ///< picture units
+
+/// How far from the centre points of a detail are left out, as the cosine of the distance: towards
+/// the antipode a kilometre across takes more and more room.
+double whereLeftOut(const MapFrame& frame, double kilometres) {
+    const double mostStretch = leftOut * frame.kilometresPerUnit() / kilometres;
+    if (mostStretch <= 1)
+        return 2; // nowhere
+    double near = 0, far = pi;
+    for (int halving = 0; halving < 30; ++halving) {
+        const double between = (near + far) / 2;
+        (between / std::sin(between) <= mostStretch ? near : far) = between;
+    }
+    return std::cos(near);
+}
+
+/// Chooses of each line what a picture shows of it.
+class DetailChoice {
+public:
+    DetailChoice(const MapFrame& frame, const Outlines& outlines)
+        : m_frame(frame)
+        , m_outlines(outlines) {
+        for (std::size_t i = 0; i < detailKilometres.size(); ++i)
+            m_leftOut.at(i) = whereLeftOut(frame, detailKilometres.at(i));
+        m_leftOut.back() = 2;
+    }
+
+    /// Whether something of it can be within the rim.
+    bool isSeen(const Outlines::Line& line) const {
+        const double up = dot(line.middle, m_frame.projection().zenith());
+        const double distance = std::acos(std::clamp(up, -1.0, 1.0));
+        return distance <= m_frame.kilometres() / earthRadius + line.reach;
+    }
+
+    /// The points that stay. They are valid until the next call.
+    std::span<const Direction> pointsOf(const Outlines::Line& line) {
+        const Direction& zenith = m_frame.projection().zenith();
+        const auto points = m_outlines.pointsOf(line);
+        const auto details = m_outlines.detailsOf(line);
+        m_points.clear();
+        for (std::size_t i = 0; i < points.size(); ++i) {
+            if (dot(points[i], zenith) < m_leftOut[details[i]])
+                m_points.push_back(points[i]);
+        }
+        return m_points;
+    }
+
+private:
+    const MapFrame& m_frame;
+    const Outlines& m_outlines;
+    std::array<double, detailKilometres.size() + 1> m_leftOut{};
+    std::vector<Direction> m_points;
+};
+
+} // namespace
+
+Picture::Area landOf(const MapFrame& frame, const Outlines& outlines) {
+    constexpr std::size_t fewestCorners = 3;
+    RimClip clip(frame);
+    DetailChoice choice(frame, outlines);
+    for (const Outlines::Line& coast : outlines.coasts()) {
+        if (!choice.isSeen(coast))
+            continue;
+        const auto points = choice.pointsOf(coast);
+        if (points.size() >= fewestCorners)
+            clip.addRing(points);
+    }
+    return {Role::land,
+            std::move(clip).area([&](const Direction& place) { return outlines.isLand(place); })};
+}
+
+Picture::Lines bordersOf(const MapFrame& frame, const Outlines& outlines) {
+    RimClip clip(frame);
+    DetailChoice choice(frame, outlines);
+    for (const Outlines::Line& border : outlines.borders()) {
+        if (!choice.isSeen(border))
+            continue;
+        const auto points = choice.pointsOf(border);
+        if (points.size() > 1)
+            clip.addLine(points);
+    }
+    return {Role::border, std::move(clip).lines()};
+}
+
+} // namespace orbisgrid
