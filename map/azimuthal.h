@@ -49,7 +49,6 @@ public:
 
 private:
     Position m_centre;
-    double m_latitude; ///< radians
     double m_sine, m_cosine;
     Direction m_zenith, m_east, m_north;
 };

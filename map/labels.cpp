@@ -11,18 +11,18 @@ namespace {
 constexpr double ascent = 0.95;
 constexpr double descent = 0.25;
 
-/// In em: not less than in DejaVu Sans, which is one of the widest.
+/// In em: not less than in bold DejaVu Sans, which is one of the widest.
 double widthOf(char16_t character) {
     if (character == u' ' || character == u'.' || character == u',' || character == u':')
-        return 0.35;
+        return 0.4;
     if (character == u'm' || character == u'w' || character == u'M' || character == u'W')
-        return 1;
+        return 1.11;
     if (character >= u'A' && character <= u'Z')
-        return 0.8;
+        return 0.86;
     const bool isNarrow = character == u'-' || character == u'°' ||
                           (character >= u'0' && character <= u'9') ||
                           (character >= u'a' && character <= u'z');
-    return isNarrow ? 0.65 : 1;
+    return isNarrow ? 0.72 : 1.05;
 }
 
 double widthOf(const Text& text) {

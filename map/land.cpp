@@ -45,7 +45,8 @@ public:
         return distance <= m_frame.kilometres() / earthRadius + line.reach;
     }
 
-    /// The points that stay. They are valid until the next call.
+    /// The points that stay: two at least, so that an islet is still a dot of the painter's pen.
+    /// They are valid until the next call.
     std::span<const Direction> pointsOf(const Outlines::Line& line) {
         const Direction& zenith = m_frame.projection().zenith();
         const auto points = m_outlines.pointsOf(line);
@@ -68,15 +69,12 @@ private:
 } // namespace
 
 Picture::Area landOf(const MapFrame& frame, const Outlines& outlines) {
-    constexpr std::size_t fewestCorners = 3;
     RimClip clip(frame);
     DetailChoice choice(frame, outlines);
     for (const Outlines::Line& coast : outlines.coasts()) {
         if (!choice.isSeen(coast))
             continue;
-        const auto points = choice.pointsOf(coast);
-        if (points.size() >= fewestCorners)
-            clip.addRing(points);
+        clip.addRing(choice.pointsOf(coast));
     }
     return {Role::land,
             std::move(clip).area([&](const Direction& place) { return outlines.isLand(place); })};
@@ -88,9 +86,7 @@ Picture::Lines bordersOf(const MapFrame& frame, const Outlines& outlines) {
     for (const Outlines::Line& border : outlines.borders()) {
         if (!choice.isSeen(border))
             continue;
-        const auto points = choice.pointsOf(border);
-        if (points.size() > 1)
-            clip.addLine(points);
+        clip.addLine(choice.pointsOf(border));
     }
     return {Role::border, std::move(clip).lines()};
 }

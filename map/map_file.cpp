@@ -6,13 +6,11 @@
 #include "map/path_map.h"
 #include "map/svg.h"
 
+#include <cmath>
+
 namespace orbisgrid {
 
 namespace {
-
-Text plainWhole(double value) {
-    return plainText(shownKilometres(value));
-}
 
 /// "Path from JO20AW to FN42AA"; "Map around JO20AW".
 SvgWords wordsOf(const PathMapOptions& map, const MapFileOptions& options) {
@@ -21,7 +19,7 @@ SvgWords wordsOf(const PathMapOptions& map, const MapFileOptions& options) {
     words.title = map.targets.size() == 1 ? u"Path from " + home + u" to " + map.targets[0].text
                                           : u"Map around " + home;
     words.description = u"Azimuthal equidistant map around " + home + u", north up, " +
-                        plainWhole(MapFrame(map.view).kilometres()) + u" km to its rim.";
+                        plainText(std::round(MapFrame(map.view).kilometres())) + u" km to its rim.";
     if (map.targets.size() == 1)
         words.description.append(u" ")
             .append(*pathCaption({home, map.targets[0].text}))

@@ -8,7 +8,7 @@ namespace orbisgrid {
 namespace {
 
 constexpr double tickAndGap = 12;
-constexpr double bearingWidth = 2.4; ///< em, of "330°"
+constexpr double bearingWidth = 2.9; ///< em, of "330°"
 constexpr double leastRim = 300;
 
 Position numberOrNone(Position place) {

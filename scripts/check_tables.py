@@ -7,6 +7,7 @@ without the program: in Python's doubles, with singles rounded by IEEE 754's bin
 Exit status: 1 where a row differs. Vincenty's table has GeographicLib's values instead; it is not
 looked at here."""
 
+import datetime
 import decimal
 import math
 import pathlib
@@ -157,6 +158,65 @@ def ui_view(text):
     return value(lat, "S"), value(lon, "W")
 
 
+# The sun, by the earth's orbit -------------------------------------------------------------------
+
+# The longitude of the earth in 1e-8 radians: amplitude, phase and frequency (a millennium) of the
+# terms of VSOP87 (P. Bretagnon and G. Francou, 1988) that are larger than 0.2 arc seconds.
+EARTH = [
+    [(175347046, 0, 0), (3341656, 4.6692568, 6283.07585), (34894, 4.6261, 12566.1517),
+     (3497, 2.7441, 5753.3849), (3418, 2.8289, 3.5231), (3136, 3.6277, 77713.7715),
+     (2676, 4.4181, 7860.4194), (2343, 6.1352, 3930.2097), (1324, 0.7425, 11506.7698),
+     (1273, 2.0371, 529.691), (1199, 1.1096, 1577.3435), (990, 5.233, 5884.927),
+     (902, 2.045, 26.298), (857, 3.508, 398.149), (780, 1.179, 5223.694), (753, 2.533, 5507.553),
+     (505, 4.583, 18849.228), (492, 4.205, 775.523), (357, 2.92, 0.067), (317, 5.849, 11790.629),
+     (284, 1.899, 796.298), (271, 0.315, 10977.079), (243, 0.345, 5486.778), (206, 4.806, 2544.314),
+     (205, 1.869, 5573.143), (202, 2.458, 6069.777), (156, 0.833, 213.299), (132, 3.411, 2942.463),
+     (126, 1.083, 20.775), (115, 0.645, 0.98), (103, 0.636, 4694.003), (102, 0.976, 15720.839),
+     (102, 4.267, 7.114)],
+    [(628331966747, 0, 0), (206059, 2.678235, 6283.07585), (4303, 2.6351, 12566.1517),
+     (425, 1.59, 3.523), (119, 5.796, 26.298), (109, 2.966, 1577.344)],
+    [(52919, 0, 0), (8720, 1.0721, 6283.0758), (309, 0.867, 12566.152)],
+    [(289, 5.844, 6283.076)],
+]
+
+
+def terrestrial_less_universal(year):
+    """Seconds, within some: the tables of the past, and what is expected."""
+    known = [(1950, 29), (1970, 40), (1990, 57), (2000, 64), (2010, 66), (2025, 69), (2050, 93),
+             (2100, 203)]
+    for (y0, d0), (y1, d1) in zip(known, known[1:]):
+        if year <= y1:
+            return d0 + (d1 - d0) * (year - y0) / (y1 - y0)
+    return known[-1][1]
+
+
+def subsolar(row):
+    moment = datetime.datetime.strptime(row["moment"], "%Y-%m-%dT%H:%M:%SZ")
+    days = (moment - datetime.datetime(2000, 1, 1, 12)).total_seconds() / 86400
+    century = days / 36525
+    t = (days + terrestrial_less_universal(moment.year + moment.month / 12) / 86400) / 365250
+    earth = sum(t**power * sum(a * math.cos(b + c * t) for a, b, c in terms)
+                for power, terms in enumerate(EARTH)) / 1e8
+    anomaly = 6283.01955 * t + 6.240060
+    distance = 1.00014 - 0.016708 * math.cos(anomaly) - 0.00014 * math.cos(2 * anomaly)
+    node = math.radians(125.04452 - 1934.136261 * 10 * t)
+    sun, moon = (math.radians(280.4665 + 360007.698 * t), math.radians(218.3165 + 4812678.813 * t))
+    in_longitude = (-17.2 * math.sin(node) - 1.32 * math.sin(2 * sun) - 0.23 * math.sin(2 * moon)
+                    + 0.21 * math.sin(2 * node)) / 3600
+    in_obliquity = (9.2 * math.cos(node) + 0.57 * math.cos(2 * sun) + 0.1 * math.cos(2 * moon)
+                    - 0.09 * math.cos(2 * node)) / 3600
+    longitude = math.radians(math.degrees(earth) + 180 + in_longitude
+                             - (0.09033 + 20.4898 / distance) / 3600)
+    obliquity_degrees = 23.4392911 - 0.0130041667 * 10 * t + in_obliquity
+    obliquity = math.radians(obliquity_degrees)
+    right_ascension = math.degrees(math.atan2(math.cos(obliquity) * math.sin(longitude),
+                                              math.cos(longitude)))
+    sidereal = (280.46061837 + 360.98564736629 * days + 0.000387933 * century**2
+                + in_longitude * math.cos(obliquity))
+    return {"latitude": round(math.degrees(math.asin(math.sin(obliquity) * math.sin(longitude))), 3),
+            "longitude": round((right_ascension - sidereal + 180) % 360 - 180, 3)}
+
+
 # Tables: of a row, what its columns are to hold --------------------------------------------------
 
 def distances(row):
@@ -180,6 +240,21 @@ def calculated(row):
             "home lat": home["LatText"] + "°", "home long": home["LonText"] + "°",
             "target lat": digits(lat, 15) + ("S" if lat < 0 else "N") + "°",
             "target long": digits(lon, 15) + ("E" if lon > 0 else "W") + "°"}
+
+
+def caption(row):
+    home, target = (completed(row[name].upper(), 6) for name in ("home", "target"))
+    target = target[:2] + "55LL" if len(target) == 2 else target
+    if any(not re.fullmatch("[A-R][A-S][0-9]{2}[A-X]{2}", locator) for locator in (home, target)):
+        return {"caption": "-"}
+    km, azimuth = circle(point(home), point(target))
+    def shown(value):
+        return math.floor(math.floor(value * 10 + 0.5) / 10)
+    text = f"{home} to {target}: {shown(km)} km, {math.floor(shown(km) / 1.601)} miles"
+    if home != target:
+        text += (f", {math.floor(azimuth)}°; long path {shown(2 * math.pi * 6367 - km)} km, "
+                 f"{math.floor((azimuth + 180) % 360)}°")
+    return {"caption": text}
 
 
 def decoded(row):
@@ -271,6 +346,8 @@ TABLES = {
     "maidenhead_decode": decoded,
     "maidenhead_decode_hms": decoded_hms,
     "maidenhead_grid": grid,
+    "map_caption": caption,
+    "map_sun": subsolar,
     "number_five_decimals": lambda row: {"text": five_decimals(float(row["magnitude"]))},
     "number_leading": lambda row: {"leading": leading(row["text"])},
     "number_mask": lambda row: {width: mask(float(row["value"]), len(width))

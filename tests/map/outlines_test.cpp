@@ -1,0 +1,199 @@
+#include "map/outlines.h"
+
+#include "tests/support/world_outlines.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+
+namespace orbisgrid {
+
+namespace {
+
+using test::worldOutlineBytes;
+using test::worldOutlines;
+
+std::string withChecksum(std::string bytes) {
+    const std::uint32_t checksum = checksumOf(bytes);
+    for (unsigned shift = 0; shift < 32; shift += 8)
+        bytes += static_cast<char>(checksum >> shift);
+    return bytes;
+}
+
+/// A file with one coast, a triangle of 0/0, 1/0 and 0/1 degrees (longitude first), and one border
+/// from 0/0 to 0/1.
+std::string smallBody() {
+    const std::string coast("\x03\x00\x00\xA0\x06\x00\x9F\x06\xA0\x06", 10);
+    const std::string border("\x02\x00\x00\x00\xA0\x06", 6);
+    return "\x01" + coast + "\x01" + border;
+}
+
+std::string smallFile(const std::string& body, const std::string& details) {
+    return withChecksum("ORBIMAP1" + body + details);
+}
+
+const std::string smallDetails("\xE4\x01", 2);
+
+TEST(Checksum, IsThatOfTheStandard) {
+    EXPECT_EQ(checksumOf("123456789"), 0xCBF43926U);
+    EXPECT_EQ(checksumOf(""), 0U);
+}
+
+TEST(Outlines, ReadsLinesAndDetails) {
+    const auto outlines = Outlines::decode(smallFile(smallBody(), smallDetails));
+    ASSERT_TRUE(outlines);
+    ASSERT_EQ(outlines->coasts().size(), 1U);
+    ASSERT_EQ(outlines->borders().size(), 1U);
+    const auto coast = outlines->pointsOf(outlines->coasts()[0]);
+    ASSERT_EQ(coast.size(), 3U);
+    EXPECT_EQ(coast[0], directionOf({0, 0}));
+    EXPECT_EQ(coast[1], directionOf({0, 1}));
+    EXPECT_EQ(coast[2], directionOf({1, 0}));
+    const auto border = outlines->pointsOf(outlines->borders()[0]);
+    ASSERT_EQ(border.size(), 2U);
+    EXPECT_EQ(border[1], directionOf({1, 0}));
+    const auto details = outlines->detailsOf(outlines->coasts()[0]);
+    EXPECT_EQ(std::vector<std::uint8_t>(details.begin(), details.end()),
+              (std::vector<std::uint8_t>{0, 1, 2}));
+    const auto others = outlines->detailsOf(outlines->borders()[0]);
+    EXPECT_EQ(std::vector<std::uint8_t>(others.begin(), others.end()),
+              (std::vector<std::uint8_t>{3, 1}));
+}
+
+TEST(Outlines, LongitudesGoTheShorterWayRound) {
+    // From 179.9975 degrees two units on: 180.0025 is 179.9975 west.
+    const std::string coast("\x03\xFE\xE4\x08\x00\x04\x00\x00\x04", 9);
+    const auto outlines = Outlines::decode(
+        smallFile(std::string("\x01") + coast + std::string(1, '\0'), std::string(1, '\0')));
+    ASSERT_TRUE(outlines);
+    const auto points = outlines->pointsOf(outlines->coasts()[0]);
+    EXPECT_EQ(points[0], directionOf({0, 179.9975}));
+    EXPECT_EQ(points[1], directionOf({0, -179.9975}));
+}
+
+TEST(Outlines, ATruncatedFileIsNone) {
+    const std::string whole = smallFile(smallBody(), smallDetails);
+    for (std::size_t length = 0; length + 4 <= whole.size(); ++length) {
+        EXPECT_FALSE(Outlines::decode(whole.substr(0, length))) << length;
+        const std::string body = whole.substr(0, length);
+        if (length + 4 == whole.size())
+            break; // this is all of it but the checksum
+        EXPECT_FALSE(Outlines::decode(withChecksum(body))) << length;
+    }
+}
+
+TEST(Outlines, EachDamagedBitIsSeen) {
+    const std::string whole = smallFile(smallBody(), smallDetails);
+    for (std::size_t bit = 0; bit < whole.size() * 8; ++bit) {
+        std::string damaged = whole;
+        damaged[bit / 8] = static_cast<char>(damaged[bit / 8] ^ (1 << (bit % 8)));
+        EXPECT_FALSE(Outlines::decode(damaged)) << bit;
+    }
+}
+
+TEST(Outlines, AnotherFileIsNone) {
+    EXPECT_FALSE(Outlines::decode(withChecksum("ORBIMAP2" + smallBody() + smallDetails)));
+    EXPECT_FALSE(Outlines::decode("ORBIMAP1"));
+    EXPECT_FALSE(Outlines::decode(""));
+}
+
+TEST(Outlines, WhatDoesNotFitIsNone) {
+    const std::string none(1, '\0');
+    const auto isRead = [](const std::string& body, const std::string& details) {
+        return Outlines::decode(smallFile(body, details)).has_value();
+    };
+    EXPECT_TRUE(isRead(none + none, "")) << "no lines";
+    EXPECT_FALSE(isRead(smallBody(), smallDetails + none)) << "a byte too many";
+    EXPECT_FALSE(isRead(smallBody(), smallDetails.substr(1))) << "a byte too few";
+    const std::string twoPoints("\x01\x02\x00\x00\x02\x00", 6);
+    EXPECT_FALSE(isRead(twoPoints + none, none)) << "a coast of two points";
+    const std::string onePoint("\x00\x01\x01\x00\x00", 5);
+    EXPECT_FALSE(isRead(onePoint, none)) << "a border of one point";
+    const std::string endless("\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF", 8);
+    EXPECT_FALSE(isRead(endless, "")) << "a number without an end";
+    const std::string many("\xFF\xFF\xFF\x7F", 4);
+    EXPECT_FALSE(isRead(many, "")) << "more lines than bytes";
+    EXPECT_FALSE(isRead("\x01" + many, "")) << "more points than bytes";
+}
+
+/// A border from 0/0 to a place at some units.
+std::string borderTo(const std::string& place) {
+    return std::string("\x00\x01\x02\x00\x00", 5) + place;
+}
+
+TEST(Outlines, APlaceBeyondTheWorldIsNone) {
+    const std::string none(1, '\0');
+    const auto isRead = [&](const std::string& place) {
+        return Outlines::decode(smallFile(borderTo(place), none)).has_value();
+    };
+    // 36000 units are 90 degrees and 72000 are 180; a step is written as twice its value.
+    EXPECT_TRUE(isRead(none + "\xC0\xB2\x04")) << "the north pole";
+    EXPECT_FALSE(isRead(none + "\xC2\xB2\x04")) << "behind it";
+    EXPECT_TRUE(isRead(none + "\xBF\xB2\x04")) << "the south pole";
+    EXPECT_FALSE(isRead(none + "\xC1\xB2\x04")) << "behind it";
+    EXPECT_TRUE(isRead("\x80\xE5\x08" + none)) << "half a turn";
+    EXPECT_FALSE(isRead("\x82\xE5\x08" + none)) << "more than that";
+    EXPECT_TRUE(isRead("\xFF\xE4\x08" + none)) << "half a turn to the west";
+    EXPECT_FALSE(isRead("\x81\xE5\x08" + none)) << "more than that";
+}
+
+TEST(Outlines, TheWorldIsWhole) {
+    EXPECT_EQ(worldOutlines().coasts().size(), 1428U);
+    EXPECT_EQ(worldOutlines().borders().size(), 362U);
+    EXPECT_LE(worldOutlineBytes().size(), 400'000U);
+}
+
+TEST(Outlines, ACapHoldsEachPointOfItsLine) {
+    for (const auto* lines : {&worldOutlines().coasts(), &worldOutlines().borders()}) {
+        for (const Outlines::Line& line : *lines) {
+            for (const Direction& point : worldOutlines().pointsOf(line)) {
+                const Direction apart = combined(point, 1, line.middle, -1);
+                const double distance = 2 * std::asin(std::sqrt(dot(apart, apart)) / 2);
+                ASSERT_LE(distance, line.reach);
+            }
+        }
+    }
+}
+
+TEST(Outlines, ALineAroundTheWorldHasNoCap) {
+    // Around the equator in three steps of 120 degrees, 48000 units.
+    const std::string coast("\x01\x03\x00\x00\x80\xEE\x05\x00\x80\xEE\x05\x00", 12);
+    const std::string none(1, '\0');
+    const auto outlines = Outlines::decode(smallFile(coast + none, none));
+    ASSERT_TRUE(outlines);
+    EXPECT_GT(outlines->coasts()[0].reach, std::numbers::pi);
+}
+
+struct KnownPlace {
+    const char* name;
+    Position position;
+    bool isLand;
+};
+
+class LandTest : public testing::TestWithParam<KnownPlace> {};
+
+TEST_P(LandTest, IsKnown) {
+    const KnownPlace& place = GetParam();
+    EXPECT_EQ(worldOutlines().isLand(directionOf(place.position)), place.isLand) << place.name;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Places, LandTest,
+    testing::Values(KnownPlace{"Brussels", {50.85, 4.35}, true},
+                    KnownPlace{"the north pole", {90, 0}, false},
+                    KnownPlace{"the south pole", {-90, 0}, true},
+                    KnownPlace{"the south pole on another meridian", {-90, 123}, true},
+                    KnownPlace{"close to the south pole", {-89.9995, 77}, true},
+                    KnownPlace{"Antarctica on the date line", {-85, 180}, true},
+                    KnownPlace{"Siberia on the date line", {67, 180}, true},
+                    KnownPlace{"the Pacific on the date line", {0, 180}, false},
+                    KnownPlace{"the Caspian Sea", {42, 51}, false},
+                    KnownPlace{"the middle of the Atlantic", {30, -40}, false},
+                    KnownPlace{"the middle of Australia", {-25, 135}, true},
+                    KnownPlace{"off Africa", {0, 0}, false},
+                    KnownPlace{"Greenland", {75, -40}, true}));
+
+} // namespace
+
+} // namespace orbisgrid

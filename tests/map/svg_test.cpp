@@ -1,0 +1,124 @@
+#include "map/svg.h"
+
+#include "tests/support/table.h"
+
+namespace orbisgrid {
+
+namespace {
+
+using test::Row;
+
+bool contains(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
+
+std::string svgOf(Picture::Shape shape) {
+    Picture picture;
+    picture.shapes.push_back(std::move(shape));
+    return svgText(picture, {u"A title", u"What is seen."});
+}
+
+TEST(Svg, HasItsFrameAndItsWords) {
+    const std::string text = svgText({}, {u"A title", u"What is seen."});
+    EXPECT_TRUE(text.starts_with("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg "));
+    EXPECT_TRUE(contains(text, " viewBox=\"0 0 1000 1000\""));
+    EXPECT_TRUE(contains(text, "<title>A title</title>\n<desc>What is seen.</desc>\n<style>"));
+    EXPECT_TRUE(text.ends_with("</style>\n</svg>\n"));
+}
+
+TEST(Svg, AnAreaIsAPathOfClosedRings) {
+    const std::string text = svgOf(Picture::Area{
+        Role::land, {{{0, 0}, {10, 0}, {10, 10}}, {{20.25, 20}, {30, 20}, {30, 30.125}}}});
+    EXPECT_TRUE(
+        contains(text, "<path class=\"land\" d=\"M0 0L10 0 10 10ZM20.25 20L30 20 30 30.13Z\"/>\n"));
+    EXPECT_TRUE(contains(text, ".land{fill:#d9d4c5;fill-rule:evenodd"));
+}
+
+TEST(Svg, LinesStayOpen) {
+    const std::string text =
+        svgOf(Picture::Lines{Role::longPath, {{{1, 2}, {3, 4}}, {{-5, 6}, {7, 8}}}});
+    EXPECT_TRUE(contains(text, "<path class=\"long-path\" d=\"M1 2L3 4M-5 6L7 8\"/>\n"));
+    EXPECT_TRUE(contains(text, ".long-path{stroke:#b00020;stroke-width:1.6;stroke-dasharray:"));
+}
+
+TEST(Svg, NoLinesAreNoElement) {
+    EXPECT_FALSE(contains(svgOf(Picture::Lines{Role::border, {}}), "<path"));
+}
+
+TEST(Svg, CirclesAndDotsAreCircles) {
+    EXPECT_TRUE(contains(svgOf(Picture::Circle{Role::rim, {500, 500}, 447.25}),
+                         "<circle class=\"rim\" cx=\"500\" cy=\"500\" r=\"447.25\"/>\n"));
+    EXPECT_TRUE(contains(svgOf(Picture::Dot{Role::home, {1.5, 2}, 4}),
+                         "<circle class=\"home\" cx=\"1.5\" cy=\"2\" r=\"4\"/>\n"));
+}
+
+TEST(Svg, LabelsAreTextsWithTheirAnchor) {
+    using enum Picture::Anchor;
+    const auto label = [](Picture::Anchor anchor) {
+        return svgOf(Picture::Label{Role::homeLabel, {10, 20}, anchor, 14, u"JO20AW"});
+    };
+    EXPECT_TRUE(contains(label(start),
+                         "<text class=\"home-label\" x=\"10\" y=\"20\" font-size=\"14\" "
+                         "text-anchor=\"start\">JO20AW</text>\n"));
+    EXPECT_TRUE(contains(label(middle), "text-anchor=\"middle\""));
+    EXPECT_TRUE(contains(label(end), "text-anchor=\"end\""));
+}
+
+class SvgNumberTest : public testing::TestWithParam<Row> {};
+
+TEST_P(SvgNumberTest, IsShort) {
+    const std::string text = svgOf(Picture::Circle{Role::ring, {GetParam().number("value"), 0}, 1});
+    EXPECT_TRUE(contains(text, std::string(" cx=\"").append(GetParam()["text"]).append("\" ")))
+        << text;
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, SvgNumberTest,
+                         testing::ValuesIn(test::readTable("map_svg_number.tsv")), test::testName);
+
+class SvgTextTest : public testing::TestWithParam<Row> {};
+
+TEST_P(SvgTextTest, IsXml) {
+    const Text text = GetParam().text("text");
+    const std::string file =
+        svgText({{}, 1, {Picture::Label{Role::note, {}, {}, 10, text}}}, {text, text});
+    const std::string expected = GetParam()["written"];
+    EXPECT_TRUE(contains(file, std::string(">").append(expected).append("</text>"))) << file;
+    EXPECT_TRUE(contains(file, std::string("<title>").append(expected).append("</title>")));
+    EXPECT_TRUE(contains(file, std::string("<desc>").append(expected).append("</desc>")));
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, SvgTextTest, testing::ValuesIn(test::readTable("map_svg_text.tsv")),
+                         test::testName);
+
+std::string titleOf(Text text) {
+    const std::string file = svgText({}, {std::move(text), {}});
+    const std::size_t start = file.find("<title>") + 7;
+    return file.substr(start, file.find("</title>") - start);
+}
+
+TEST(Svg, WhatXmlCannotHoldIsReplaced) {
+    const std::string lost = "\xEF\xBF\xBD";
+    for (char16_t code = 0; code < 0x20; ++code) {
+        const bool isAllowed = code == u'\t' || code == u'\n' || code == u'\r';
+        const std::string written = titleOf(Text(1, code));
+        EXPECT_EQ(written == lost, !isAllowed) << static_cast<int>(code);
+    }
+    EXPECT_EQ(titleOf(u"\t\n"), "\t\n");
+    EXPECT_EQ(titleOf(u"\r"), "&#13;");
+    EXPECT_EQ(titleOf(Text{0xFFFE, 0xFFFF}), lost + lost);
+    EXPECT_EQ(titleOf(Text(1, 0xFFFD)), lost);
+    EXPECT_EQ(titleOf(Text(1, 0xD800)), lost) << "half of a pair";
+    EXPECT_EQ(titleOf(Text{0xD83D, 0xDE00}), "\xF0\x9F\x98\x80");
+}
+
+TEST(Svg, EachRoleIsDrawnByTheStyleSheet) {
+    const std::string file = svgText({}, {});
+    for (const Role role :
+         {Role::sea, Role::land, Role::border, Role::night, Role::grid, Role::ring, Role::rim,
+          Role::tick, Role::shortPath, Role::longPath, Role::cross, Role::home, Role::target})
+        EXPECT_TRUE(contains(file, std::string(".").append(roleName(role)))) << roleName(role);
+}
+
+} // namespace
+
+} // namespace orbisgrid
