@@ -1,6 +1,7 @@
 // Writes the corpus of every target from the rows of tests/data: one file for each row, named like
 // it, in <folder>/<target>. A row that is added is therefore an input from the next build on.
 
+#include "tests/support/hexadecimal.h"
 #include "tests/support/ini_text.h"
 #include "tests/support/table.h"
 
@@ -71,6 +72,12 @@ std::string iniOfNumber(const Row& row) {
     return ini.bytes();
 }
 
+/// A map of 20,000 km around 0 north 0 east with day and night and a home, and a target.
+std::string mapWithHome(const Row& row) {
+    const std::string options("\x0C\0\0\0\0\xE8\x03\x10\x20\x04", 10);
+    return options + row["text"] + "\n" + std::string("\x20\x01\x20\0", 4) + row["text"];
+}
+
 std::vector<Source> sources() {
     return {{"number_text", "number_leading", column("text")},
             {"number_text", "number_text", column("double")},
@@ -89,6 +96,11 @@ std::vector<Source> sources() {
                  return std::string("one\nONE\nline\n\n").append(row["bytes of the file"]);
              }},
             {"command_line", "command_line", column("arguments")},
+            {"map", "map_caption",
+             [](const Row& row) { return row["home"] + "\n" + row["target"] + "\n"; }},
+            {"map", "map_svg_text", mapWithHome},
+            {"map_outlines", "map_outlines",
+             [](const Row& row) { return orbisgrid::test::bytesOfHexadecimal(row["bytes"]); }},
             {"converter", "converter_chains", linesOfActions},
             {"converter", "calculate", calculation},
             {"converter", "converter_paste",

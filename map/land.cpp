@@ -45,8 +45,8 @@ public:
         return distance <= m_frame.kilometres() / earthRadius + line.reach;
     }
 
-    /// The points that stay: two at least, so that an islet is still a dot of the painter's pen.
-    /// They are valid until the next call.
+    /// The points that stay: of the file's lines two at least, so that an islet is still a dot of
+    /// the painter's pen; of another file's maybe none. They are valid until the next call.
     std::span<const Direction> pointsOf(const Outlines::Line& line) {
         const Direction& zenith = m_frame.projection().zenith();
         const auto points = m_outlines.pointsOf(line);
@@ -74,7 +74,9 @@ Picture::Area landOf(const MapFrame& frame, const Outlines& outlines) {
     for (const Outlines::Line& coast : outlines.coasts()) {
         if (!choice.isSeen(coast))
             continue;
-        clip.addRing(choice.pointsOf(coast));
+        const auto points = choice.pointsOf(coast);
+        if (!points.empty())
+            clip.addRing(points);
     }
     return {Role::land,
             std::move(clip).area([&](const Direction& place) { return outlines.isLand(place); })};
@@ -86,7 +88,9 @@ Picture::Lines bordersOf(const MapFrame& frame, const Outlines& outlines) {
     for (const Outlines::Line& border : outlines.borders()) {
         if (!choice.isSeen(border))
             continue;
-        clip.addLine(choice.pointsOf(border));
+        const auto points = choice.pointsOf(border);
+        if (!points.empty())
+            clip.addLine(points);
     }
     return {Role::border, std::move(clip).lines()};
 }

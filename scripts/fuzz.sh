@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Runs every fuzz target, as many at a time as there are processors.
 #   scripts/fuzz.sh [executions] [target ...]     10,000,000 executions each, every target
-# The window takes a thousandth of the executions: it is a thousand times slower.
+# The window and the maps take a part of the executions: they are that much slower.
 # They start from the inputs that the build makes of the tests' rows. New ones stay in
 # build-fuzz/found/<target>, a crash in build-fuzz/crash-<target>-*: copy it with a name that says
 # what it shows into fuzz/corpus/<target>, where ./test replays it.
@@ -14,6 +14,8 @@ run_target() { # <executions> <target>
   case $target in
     locator_list_ini) longest=512 ;;
     manual_search) longest=256 ;;
+    map_outlines) longest=512 runs=$((runs / 20)) ;;
+    map) longest=128 runs=$((runs / 500)) ;;
     window) longest=128 runs=$((runs / 1000)) ;;
   esac
   local kept=()

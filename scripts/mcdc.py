@@ -14,8 +14,8 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build-mcdc"
-ROOMS = ["core", "geodesy", "aprs", "settings", "panels"]
-PROGRAMS = ["core_test", "geodesy_test", "aprs_test", "settings_test", "panels_test",
+ROOMS = ["core", "geodesy", "aprs", "map", "settings", "panels"]
+PROGRAMS = ["core_test", "geodesy_test", "aprs_test", "map_test", "settings_test", "panels_test",
             "panels_help_test"]
 
 

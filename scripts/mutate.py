@@ -2,7 +2,7 @@
 """Changes the program one operator, constant, comparison or rounding call at a time and runs the
 tests of the changed room: a change that no test notices has survived.
 
-    scripts/mutate.py [room or file ...]      core geodesy aprs settings panels
+    scripts/mutate.py [room or file ...]      core geodesy aprs map settings panels
     scripts/mutate.py --jobs 2 --list core    shows the changes without making them
     scripts/mutate.py --again LOG core        only the changes that an earlier run's output names
 
@@ -25,8 +25,9 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build-mutation"
-ROOMS = ["core", "geodesy", "aprs", "settings", "panels"]
-SUPPORT = ["tests/support/main.cpp", "tests/support/panel_actions.cpp", "tests/support/table.cpp"]
+ROOMS = ["core", "geodesy", "aprs", "map", "settings", "panels"]
+SUPPORT = ["tests/support/main.cpp", "tests/support/panel_actions.cpp", "tests/support/table.cpp",
+           "tests/support/world_outlines.cpp"]
 SECONDS = 20  # the slowest of these programs takes two
 
 # The programs that look at a room, the quickest first.
@@ -39,6 +40,8 @@ PROGRAMS = {
                  "tests/proof/locator_reference.cpp"]],
     "aprs": [["tests/aprs/*.cpp"],
              ["tests/proof/compressed_codes_test.cpp", "tests/proof/uiview_codes_test.cpp"]],
+    "map": [["tests/map/*.cpp"],
+            ["tests/proof/map_lines_test.cpp", "tests/proof/map_projection_test.cpp"]],
     "settings": [["tests/settings/*.cpp"]],
     "panels": [["tests/panels/*.cpp"]],
 }

@@ -77,6 +77,8 @@ INSTANTIATE_TEST_SUITE_P(
               "no arrow from aprs/ to geodesy/"},
         Plant{"geodesy/vincenty.h", "#include \"aprs/uiview.h\"",
               "no arrow from geodesy/ to aprs/"},
+        Plant{"map/a.cpp", "#include \"panels/text_box.h\"", "no arrow from map/ to panels/"},
+        Plant{"map/a.cpp", "#include <QPainter>", "Qt outside ui/ and app/window/"},
         Plant{"settings/a.h", "#include \"panels/message.h\"",
               "no arrow from settings/ to panels/"},
         Plant{"platform/a.h", "#include \"ui/icons.h\"", "no arrow from platform/ to ui/"},

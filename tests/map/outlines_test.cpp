@@ -1,8 +1,8 @@
 #include "map/outlines.h"
 
+#include "tests/support/hexadecimal.h"
+#include "tests/support/table.h"
 #include "tests/support/world_outlines.h"
-
-#include <gtest/gtest.h>
 
 #include <cmath>
 #include <numbers>
@@ -98,45 +98,21 @@ TEST(Outlines, AnotherFileIsNone) {
     EXPECT_FALSE(Outlines::decode(""));
 }
 
-TEST(Outlines, WhatDoesNotFitIsNone) {
-    const std::string none(1, '\0');
-    const auto isRead = [](const std::string& body, const std::string& details) {
-        return Outlines::decode(smallFile(body, details)).has_value();
-    };
-    EXPECT_TRUE(isRead(none + none, "")) << "no lines";
-    EXPECT_FALSE(isRead(smallBody(), smallDetails + none)) << "a byte too many";
-    EXPECT_FALSE(isRead(smallBody(), smallDetails.substr(1))) << "a byte too few";
-    const std::string twoPoints("\x01\x02\x00\x00\x02\x00", 6);
-    EXPECT_FALSE(isRead(twoPoints + none, none)) << "a coast of two points";
-    const std::string onePoint("\x00\x01\x01\x00\x00", 5);
-    EXPECT_FALSE(isRead(onePoint, none)) << "a border of one point";
-    const std::string endless("\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF", 8);
-    EXPECT_FALSE(isRead(endless, "")) << "a number without an end";
-    const std::string many("\xFF\xFF\xFF\x7F", 4);
-    EXPECT_FALSE(isRead(many, "")) << "more lines than bytes";
-    EXPECT_FALSE(isRead("\x01" + many, "")) << "more points than bytes";
+class OutlinesTest : public testing::TestWithParam<test::Row> {};
+
+TEST_P(OutlinesTest, AreReadOrRefused) {
+    const test::Row& row = GetParam();
+    const auto outlines =
+        Outlines::decode(withChecksum("ORBIMAP1" + test::bytesOfHexadecimal(row["bytes"])));
+    ASSERT_EQ(outlines.has_value(), row["coasts"] != "-");
+    if (!outlines)
+        return;
+    EXPECT_EQ(std::to_string(outlines->coasts().size()), row["coasts"]);
+    EXPECT_EQ(std::to_string(outlines->borders().size()), row["borders"]);
 }
 
-/// A border from 0/0 to a place at some units.
-std::string borderTo(const std::string& place) {
-    return std::string("\x00\x01\x02\x00\x00", 5) + place;
-}
-
-TEST(Outlines, APlaceBeyondTheWorldIsNone) {
-    const std::string none(1, '\0');
-    const auto isRead = [&](const std::string& place) {
-        return Outlines::decode(smallFile(borderTo(place), none)).has_value();
-    };
-    // 36000 units are 90 degrees and 72000 are 180; a step is written as twice its value.
-    EXPECT_TRUE(isRead(none + "\xC0\xB2\x04")) << "the north pole";
-    EXPECT_FALSE(isRead(none + "\xC2\xB2\x04")) << "behind it";
-    EXPECT_TRUE(isRead(none + "\xBF\xB2\x04")) << "the south pole";
-    EXPECT_FALSE(isRead(none + "\xC1\xB2\x04")) << "behind it";
-    EXPECT_TRUE(isRead("\x80\xE5\x08" + none)) << "half a turn";
-    EXPECT_FALSE(isRead("\x82\xE5\x08" + none)) << "more than that";
-    EXPECT_TRUE(isRead("\xFF\xE4\x08" + none)) << "half a turn to the west";
-    EXPECT_FALSE(isRead("\x81\xE5\x08" + none)) << "more than that";
-}
+INSTANTIATE_TEST_SUITE_P(Rows, OutlinesTest, testing::ValuesIn(test::readTable("map_outlines.tsv")),
+                         test::testName);
 
 TEST(Outlines, TheWorldIsWhole) {
     EXPECT_EQ(worldOutlines().coasts().size(), 1428U);

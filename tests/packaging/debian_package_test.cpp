@@ -49,6 +49,7 @@ TEST_F(DebianPackageTest, HasItsFiles) {
         "-rw-r--r-- root/root ./usr/libexec/orbisgrid/Orbisgrid.ini",
         "-rw-r--r-- root/root ./usr/libexec/orbisgrid/Readme.txt",
         "-rwxr-xr-x root/root ./usr/libexec/orbisgrid/orbisgrid",
+        "-rw-r--r-- root/root ./usr/libexec/orbisgrid/orbisgrid-map.dat",
         "-rw-r--r-- root/root ./usr/libexec/orbisgrid/orbisgrid-window.so",
         "-rw-r--r-- root/root ./usr/share/applications/orbisgrid.desktop",
         "-rw-r--r-- root/root ./usr/share/bash-completion/completions/orbisgrid",
