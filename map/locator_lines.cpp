@@ -16,53 +16,59 @@ namespace {
 constexpr double pi = std::numbers::pi;
 constexpr double radian = pi / 180; // of a degree
 
-/// The size of the cells, and how much of the sphere the map shows of them.
+/// The size of the cells, and how much of the sphere the map shows of them: whole degrees.
 struct Cells {
-    double width, height; ///< degrees
-    double south, north;  ///< latitudes: degrees
-    double west, east;    ///< longitudes: degrees, a whole turn where a pole is shown
+    int width, height;
+    int south, north; ///< latitudes
+    int west, east;   ///< longitudes; a whole turn where a pole is shown
 
     static Cells of(const MapFrame& frame);
 };
 
-double downTo(double value, double step) {
-    return std::floor(value / step) * step;
+int downTo(double value, int step) {
+    return static_cast<int>(std::floor(value / step)) * step;
 }
 
-double upTo(double value, double step) {
-    return std::ceil(value / step) * step;
+int upTo(double value, int step) {
+    return static_cast<int>(std::ceil(value / step)) * step;
 }
 
 Cells Cells::of(const MapFrame& frame) {
     const bool areFields = gridLevelOf(frame) == GridLevel::fields;
-    const double width = areFields ? fieldLongitude : squareLongitude;
-    const double height = areFields ? fieldLatitude : squareLatitude;
+    const auto width = static_cast<int>(areFields ? fieldLongitude : squareLongitude);
+    const auto height = static_cast<int>(areFields ? fieldLatitude : squareLatitude);
     const Position centre = positionOf(frame.projection().zenith());
     const double reach = frame.kilometres() / earthRadius / radian;
-    const double south = std::max(-90.0, downTo(centre.latitude - reach, height));
-    const double north = std::min(90.0, upTo(centre.latitude + reach, height));
+    const int south = std::max(-90, downTo(centre.latitude - reach, height));
+    const int north = std::min(90, upTo(centre.latitude + reach, height));
     // Where the rim touches a meridian, its longitude is this far from the centre's.
     double across = 180;
     if (south > -90 && north < 90)
         across = std::asin(std::sin(reach * radian) / std::cos(centre.latitude * radian)) / radian;
-    const double west = downTo(centre.longitude - across, width);
-    const double east = upTo(centre.longitude + across, width);
+    const int west = downTo(centre.longitude - across, width);
+    const int east = upTo(centre.longitude + across, width);
     return {width, height, south, north, west, std::min(east, west + 360)};
 }
 
 /// Up to which latitude the meridians between the fields are drawn.
-double lastLatitude(const MapFrame& frame, const Cells& cells) {
+int lastLatitude(const MapFrame& frame, const Cells& cells) {
     constexpr double leastApart = 4; ///< picture units
     const double degrees = leastApart * frame.kilometresPerUnit() / earthRadius / radian;
-    return std::floor(std::acos(std::min(1.0, degrees / cells.width)) / radian);
+    return downTo(std::acos(std::min(1.0, degrees / cells.width)) / radian, 1);
 }
 
-void addMeridian(RimClip& clip, double longitude, double south, double north) {
-    constexpr double step = 45; // the clip puts points between
-    std::vector<Direction> places{directionOf({south, longitude})};
-    for (double latitude = south + step; latitude < north; latitude += step)
-        places.push_back(directionOf({latitude, longitude}));
-    places.push_back(directionOf({north, longitude}));
+struct Latitudes {
+    int south, north;
+};
+
+void addMeridian(RimClip& clip, int longitude, Latitudes latitudes) {
+    constexpr int step = 45; // the clip puts points between
+    std::vector<Direction> places;
+    for (int latitude = latitudes.south; latitude < latitudes.north; latitude += step)
+        places.push_back(
+            directionOf({static_cast<double>(latitude), static_cast<double>(longitude)}));
+    places.push_back(
+        directionOf({static_cast<double>(latitudes.north), static_cast<double>(longitude)}));
     clip.addLine(places);
 }
 
@@ -75,12 +81,11 @@ public:
         , m_latitude(latitude)
         , m_bulge(std::fabs(std::sin(2 * latitude * radian)) / 16) {}
 
-    /// From `west` to `east`, in degrees.
-    std::vector<Direction> places(double west, double east) {
-        m_places.assign(1, directionOf({m_latitude, west}));
-        constexpr double step = 10;
-        for (double from = west; from < east; from += step)
-            add(from, std::min(from + step, east), 24);
+    /// From the west of the cells to their east.
+    std::vector<Direction> places(const Cells& cells) {
+        m_places.assign(1, directionOf({m_latitude, static_cast<double>(cells.west)}));
+        for (int west = cells.west; west < cells.east; west += cells.width)
+            add(west, west + cells.width, 24);
         return std::move(m_places);
     }
 
@@ -127,9 +132,9 @@ struct Cell {
 
 std::vector<Cell> seenCells(const MapFrame& frame, const Cells& cells) {
     std::vector<Cell> seen;
-    for (double south = cells.south; south < cells.north; south += cells.height) {
-        for (double west = cells.west; west < cells.east; west += cells.width) {
-            const Position middle{south + cells.height / 2, turned(west + cells.width / 2)};
+    for (int south = cells.south; south < cells.north; south += cells.height) {
+        for (int west = cells.west; west < cells.east; west += cells.width) {
+            const Position middle{south + cells.height / 2.0, turned(west + cells.width / 2.0)};
             const Picture::Point point = frame.pointOf(middle);
             const double distance =
                 std::hypot(point.x - MapFrame::middle.x, point.y - MapFrame::middle.y);
@@ -153,19 +158,19 @@ GridLevel gridLevelOf(const MapFrame& frame) {
 Picture::Lines gridOf(const MapFrame& frame) {
     RimClip clip(frame);
     const Cells cells = Cells::of(frame);
-    const double last = lastLatitude(frame, cells);
-    for (double longitude = cells.west; longitude <= cells.east; longitude += cells.width) {
-        if (longitude == cells.west + 360)
-            break; // the same as the first
-        const bool isOfField = std::fmod(longitude, fieldLongitude) == 0;
-        const double south = isOfField ? cells.south : std::max(cells.south, -last);
-        const double north = isOfField ? cells.north : std::min(cells.north, last);
+    const int last = lastLatitude(frame, cells);
+    const bool isWholeTurn = cells.east == cells.west + 360; // its last meridian is its first
+    for (int longitude = cells.west; longitude + (isWholeTurn ? 1 : 0) <= cells.east;
+         longitude += cells.width) {
+        const bool isOfField = longitude % static_cast<int>(fieldLongitude) == 0;
+        const int south = isOfField ? cells.south : std::max(cells.south, -last);
+        const int north = isOfField ? cells.north : std::min(cells.north, last);
         if (south < north)
-            addMeridian(clip, longitude, south, north);
+            addMeridian(clip, longitude, {south, north});
     }
-    for (double latitude = cells.south; latitude <= cells.north; latitude += cells.height) {
-        if (std::fabs(latitude) < 90)
-            clip.addLine(Parallel(frame, latitude).places(cells.west, cells.east));
+    for (int latitude = cells.south; latitude <= cells.north; latitude += cells.height) {
+        if (std::abs(latitude) < 90)
+            clip.addLine(Parallel(frame, latitude).places(cells));
     }
     return {Role::grid, std::move(clip).lines()};
 }

@@ -1,5 +1,6 @@
 #include "map/rose.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <numbers>
@@ -38,17 +39,13 @@ Text wholeText(double value) {
 
 std::vector<double> ringKilometres(double radiusKilometres) {
     constexpr std::size_t fewest = 3, most = 6;
-    constexpr std::array<double, 3> steps{5, 2, 1};
+    constexpr std::array<double, 8> steps{5000, 2000, 1000, 500, 200, 100, 50, 20};
     const double outermost = radiusKilometres * 0.99;
-    double step = 0;
-    // From steps that are too wide downwards; the seventh ring of a step that is the first one to
-    // give three would lie within an eighth of the rim.
-    for (double power = 10000; step == 0; power /= 10) {
-        for (const double factor : steps) {
-            if (step == 0 && outermost >= static_cast<double>(fewest) * factor * power)
-                step = factor * power;
-        }
-    }
+    // The widest step that gives three; where it gives seven, the last one would lie within an
+    // eighth of the rim.
+    const double step = *std::find_if(steps.begin(), steps.end() - 1, [&](double each) {
+        return static_cast<double>(fewest) * each <= outermost;
+    });
     std::vector<double> rings;
     while (rings.size() < most && static_cast<double>(rings.size() + 1) * step <= outermost)
         rings.push_back(static_cast<double>(rings.size() + 1) * step);
@@ -86,6 +83,7 @@ std::vector<Picture::Label> ringLabels(const MapFrame& frame, double kilometres)
     constexpr std::array<double, 8> bearings{135, 225, 45, 315, 165, 195, 15, 345};
     const double radius = kilometres / frame.kilometresPerUnit();
     std::vector<Picture::Label> labels;
+    labels.reserve(bearings.size());
     for (const double degrees : bearings)
         labels.push_back(centredLabel(Role::ringLabel, pointAt(degrees, radius),
                                       0.85 * frame.textSize(), wholeText(kilometres) + u" km"));

@@ -11,7 +11,7 @@ namespace orbisgrid {
 
 /// The kilometres of the rings: multiples of 1, 2 or 5 times a power of ten, at least 3 and at most
 /// 6 of them, none as close to the rim as a hundredth of the radius. `radiusKilometres` is the
-/// rim's.
+/// rim's: 100 km up to the whole world.
 [[nodiscard]] std::vector<double> ringKilometres(double radiusKilometres);
 
 /// A mark at each tenth degree, outside of the rim; longer ones at each thirtieth.

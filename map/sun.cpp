@@ -98,7 +98,8 @@ std::optional<Moment> parsedMoment(std::string_view text) {
     if (year == 0 || !date.ok() || hour > 23 || minute > 59 || second > 59)
         return std::nullopt;
     const std::int64_t days = std::chrono::sys_days(date).time_since_epoch().count();
-    return Moment{days * secondsOfDay + hour * 3600 + minute * 60 + second};
+    return Moment{days * secondsOfDay + std::int64_t{hour} * 3600 + std::int64_t{minute} * 60 +
+                  second};
 }
 
 std::string momentText(Moment moment) {
