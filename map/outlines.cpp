@@ -55,7 +55,7 @@ public:
 
     std::optional<Outlines> read() {
         const bool isWhole = readLines(m_outlines.m_coasts, 3) &&
-                             readLines(m_outlines.m_borders, 2) && readDetails() && m_rest.empty();
+                             readLines(m_outlines.m_borders, 2) && readDetails();
         return isWhole ? std::optional(std::move(m_outlines)) : std::nullopt;
     }
 
@@ -117,7 +117,8 @@ private:
         Direction sum;
         for (const Direction& point : points)
             sum = combined(sum, 1, point, 1);
-        line.middle = dot(sum, sum) > 0 ? normalised(sum) : points.front();
+        // Of opposite places a sum is left that is rounding alone: any middle does then.
+        line.middle = dot(sum, sum) > 1e-12 ? normalised(sum) : points.front();
         double least = 1;
         for (const Direction& point : points)
             least = std::min(least, dot(line.middle, point));
@@ -137,6 +138,7 @@ private:
         return true;
     }
 
+    /// They take all that is left.
     bool readDetails() {
         const std::size_t count = m_outlines.m_points.size();
         if (m_rest.size() != (count + 3) / 4)
@@ -146,7 +148,6 @@ private:
             const unsigned detail = byteAt(m_rest, i / 4) >> (2 * (i % 4));
             m_outlines.m_details.push_back(static_cast<std::uint8_t>(detail & 3U));
         }
-        m_rest = {};
         return true;
     }
 

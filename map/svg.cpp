@@ -29,10 +29,10 @@ path,line,circle{fill:none;stroke-linejoin:round}
 .cardinal,.home-label,.target-label{font-weight:bold}
 )";
 
-/// A character that an XML 1.0 file can hold.
+/// A character that an XML 1.0 file can hold as it is.
 bool isXml(char16_t character) {
     if (character < 0x20)
-        return character == u'\t' || character == u'\n' || character == u'\r';
+        return character == u'\t' || character == u'\n';
     return character < 0xFFFE;
 }
 

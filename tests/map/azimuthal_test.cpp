@@ -64,6 +64,12 @@ TEST(Azimuthal, KeepsTheDirectionOfAMetre) {
                 {metre * std::cos(50 * std::numbers::pi / 180), 0}, 1e-10);
 }
 
+TEST(Azimuthal, KeepsTheDirectionOfAMicrometre) {
+    const double degrees = 1e-9 / earthRadius * 180 / std::numbers::pi;
+    expectPoint(Azimuthal({0, 0}).project({0, degrees}), {1e-9, 0}, 1e-15);
+    expectPoint(Azimuthal({0, 0}).project({-degrees, 0}), {0, -1e-9}, 1e-15);
+}
+
 TEST(Azimuthal, KeepsTheDirectionOfAMetreFromTheAntipode) {
     const double degrees = metre / earthRadius * 180 / std::numbers::pi;
     const PlanePoint north = Azimuthal({50, 4}).project({-50 + degrees, -176});

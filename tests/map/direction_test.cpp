@@ -46,6 +46,13 @@ TEST(Direction, APerpendicularOneIsOfLengthOne) {
     }
 }
 
+TEST(Direction, EachAxisCounts) {
+    EXPECT_EQ((Direction{1, 2, 3}), (Direction{1, 2, 3}));
+    EXPECT_NE((Direction{1, 2, 3}), (Direction{0, 2, 3}));
+    EXPECT_NE((Direction{1, 2, 3}), (Direction{1, 0, 3}));
+    EXPECT_NE((Direction{1, 2, 3}), (Direction{1, 2, 0}));
+}
+
 TEST(Direction, TheProductsAreThoseOfVectors) {
     EXPECT_EQ(dot({1, 2, 3}, {4, 5, 6}), 32);
     EXPECT_EQ(cross({1, 2, 3}, {4, 5, 7}), (Direction{-1, 5, -3}));

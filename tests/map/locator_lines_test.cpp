@@ -179,6 +179,15 @@ TEST(Grid, LinesAreTrueWithinThreeTenthsOfAUnit) {
     }
 }
 
+TEST(Grid, AParallelThroughTheAntipodeComesToAnEnd) {
+    const MapFrame frame(MapView{{-50, -176}});
+    std::size_t points = 0;
+    for (const Picture::Polyline& line : gridOf(frame).lines)
+        points += line.size();
+    EXPECT_LT(points, 20'000U);
+    EXPECT_LT(farthestFromGrid(frame, 20, 10), 0.3);
+}
+
 TEST(Grid, StaysWithinTheRim) {
     for (const double kilometres : {halfCircumference, 3000.0, 1000.0, 100.0}) {
         const MapFrame frame(MapView{brussels, kilometres});

@@ -141,6 +141,11 @@ TEST(Outlines, ALineAroundTheWorldHasNoCap) {
     EXPECT_GT(outlines->coasts()[0].reach, std::numbers::pi);
 }
 
+TEST(Land, APoleHasNoMeridianOfItsOwn) {
+    EXPECT_FALSE(worldOutlines().isLand({0, 0, 1}));
+    EXPECT_TRUE(worldOutlines().isLand({0, 0, -1}));
+}
+
 struct KnownPlace {
     const char* name;
     Position position;

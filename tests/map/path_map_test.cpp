@@ -166,6 +166,7 @@ TEST(PathMap, ManyTargetsHaveTheirPathsAndDots) {
     PathMapOptions options = pathOptions(u"JO20aw", u"FN42aa");
     options.targets.push_back({pointOf(u"QF56od"), u"QF56OD"});
     options.targets.push_back({{std::numeric_limits<double>::quiet_NaN(), 0}, u"nowhere"});
+    options.targets.push_back({{0, std::numeric_limits<double>::infinity()}, u"nowhere"});
     options.targets.push_back({pointOf(u"RE78ir"), {}});
     const Picture picture = pathMap(options);
     EXPECT_EQ(shapesOf<Dot>(picture, Role::target).size(), 3U);

@@ -21,6 +21,12 @@ TEST(Roles, HaveNamesOfTheirOwn) {
     EXPECT_EQ(roleName(static_cast<Role>(roleCount - 1)), "note") << "the last one";
 }
 
+TEST(PicturePoint, BothOfItsNumbersCount) {
+    EXPECT_EQ((Picture::Point{1, 2}), (Picture::Point{1, 2}));
+    EXPECT_NE((Picture::Point{1, 2}), (Picture::Point{0, 2}));
+    EXPECT_NE((Picture::Point{1, 2}), (Picture::Point{1, 0}));
+}
+
 } // namespace
 
 } // namespace orbisgrid

@@ -132,6 +132,33 @@ TEST(RimClip, APlaceTwiceIsNoEdge) {
     EXPECT_TRUE(clippedLine(frame, {{0, 40}, {0, 40}}).empty());
 }
 
+TEST(RimClip, APlaceTwiceOnTheRimIsNoEdge) {
+    const MapFrame frame = frameAt({0, 0}, 20 * degree);
+    for (const auto& line : clippedLine(frame, {{0, 20}, {0, 20}, {0, 21}})) {
+        for (const Picture::Point point : line)
+            EXPECT_TRUE(std::isfinite(point.x) && std::isfinite(point.y));
+    }
+}
+
+TEST(RimClip, AnEdgeAlongTheRimIsInsideOrOutside) {
+    // From the pole the rim is a parallel; great circles between its places lie farther north.
+    const MapFrame frame = frameAt({90, 0}, 20 * degree);
+    const auto inside = clippedLine(frame, {{70.001, 0}, {70.001, 10}});
+    ASSERT_EQ(inside.size(), 1U);
+    EXPECT_LT(test::distanceBetween(inside[0].back(), frame.pointOf(Position{70.001, 10})), 1e-6);
+    const auto through = clippedLine(frame, {{69.99, 0}, {69.99, 10}});
+    ASSERT_EQ(through.size(), 1U) << "it cuts a corner";
+    EXPECT_TRUE(clippedLine(frame, {{69.99, 0}, {69.99, 0.1}}).empty());
+    EXPECT_TRUE(clippedLine(frame, {{69.99, 0}, {60, 0}}).empty());
+    EXPECT_TRUE(clippedLine(frame, {{60, 0}, {69.99, 0}}).empty());
+    // Of all but a cap around the south pole.
+    const MapFrame large = frameAt({90, 0}, 160 * degree);
+    EXPECT_EQ(clippedLine(large, {{-69.99, 0}, {-69.99, 0.1}}).size(), 1U);
+    EXPECT_EQ(clippedLine(large, {{-69.99, 0}, {-69.99, 10}}).size(), 2U);
+    EXPECT_EQ(clippedLine(large, {{-69.99, 0}, {-60, 0}}).size(), 1U);
+    EXPECT_EQ(clippedLine(large, {{-60, 0}, {-69.99, 0}}).size(), 1U);
+}
+
 TEST(RimClip, OppositePlacesAreJoinedSomehow) {
     const MapFrame frame = frameAt({20, 30});
     const auto lines = clippedLine(frame, {{0, 0}, {0, 180}});
