@@ -98,7 +98,7 @@ private:
 
     bool readLine(std::vector<Outlines::Line>& lines, std::size_t leastPoints) {
         const auto count = readNumber();
-        if (!count || *count < leastPoints || *count > m_rest.size())
+        if (!count || *count < leastPoints)
             return false;
         Outlines::Line line{m_outlines.m_points.size(), *count, {}, 0};
         std::int64_t longitude = 0, latitude = 0;

@@ -68,14 +68,18 @@ TEST(Azimuthal, KeepsTheDirectionOfAMicrometre) {
     const double degrees = 1e-9 / earthRadius * 180 / std::numbers::pi;
     expectPoint(Azimuthal({0, 0}).project({0, degrees}), {1e-9, 0}, 1e-15);
     expectPoint(Azimuthal({0, 0}).project({-degrees, 0}), {0, -1e-9}, 1e-15);
+    // 50 degrees and a hundred steps of the doubles there, which are not quite a micrometre.
+    const double beside = 50 + 100 * 0x1p-47;
+    expectPoint(Azimuthal({50, 4}).project({beside, 4}),
+                {0, 100 * 0x1p-47 * std::numbers::pi / 180 * earthRadius}, 1e-16);
 }
 
 TEST(Azimuthal, KeepsTheDirectionOfAMetreFromTheAntipode) {
     const double degrees = metre / earthRadius * 180 / std::numbers::pi;
     const PlanePoint north = Azimuthal({50, 4}).project({-50 + degrees, -176});
-    expectPoint(north, {0, halfCircumference - metre}, 1e-3);
+    expectPoint(north, {0, halfCircumference - metre}, 1e-8);
     const PlanePoint south = Azimuthal({50, 4}).project({-50 - degrees, -176});
-    expectPoint(south, {0, -halfCircumference + metre}, 1e-3);
+    expectPoint(south, {0, -halfCircumference + metre}, 1e-8);
 }
 
 TEST(Azimuthal, TheDateLineIsNoBorder) {

@@ -46,6 +46,12 @@ TEST(Direction, APerpendicularOneIsOfLengthOne) {
     }
 }
 
+TEST(Direction, ThePolesHaveAPerpendicularOne) {
+    EXPECT_EQ(dot(perpendicular({0, 0, 1}), perpendicular({0, 0, 1})), 1);
+    EXPECT_EQ(dot(perpendicular({0, 0, -1}), perpendicular({0, 0, -1})), 1);
+    EXPECT_EQ(perpendicular({1, 0, 0}).x, 0);
+}
+
 TEST(Direction, EachAxisCounts) {
     EXPECT_EQ((Direction{1, 2, 3}), (Direction{1, 2, 3}));
     EXPECT_NE((Direction{1, 2, 3}), (Direction{0, 2, 3}));
