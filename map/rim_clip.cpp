@@ -183,11 +183,9 @@ void RimClip::walkAcross(const Vertex& from, const Vertex& to) {
 bool RimClip::isStraight(const Vertex& from, const Vertex& to) const {
     const Vertex& farther = from.distance > to.distance ? from : to;
     const double chord = squaredChord(from.place, to.place);
-    const double left = pi - farther.distance;
-    if (chord > 0.01 * left * left)
-        return false; // the bound below holds where the distance changes little along the edge
     // The image of a great circle bends by at most 1.155 (d - sin d cos d) / sin² d for a radian;
-    // by a quarter more at the end of an edge of this length. An arc's height is an eighth of that.
+    // by a quarter more at the end of an edge that is straight by this bound, as it is short beside
+    // its distance from the antipode (a twentieth). An arc's height is an eighth of that.
     const double bend = farther.distance - farther.outwards * farther.up;
     return 1.155 * 1.25 / 8 * chord * m_unitsPerRadian * bend <=
            tolerance * farther.outwards * farther.outwards;

@@ -66,6 +66,7 @@ TEST(Grid, ShowsFieldsFromFifteenHundredKilometresOn) {
 
 TEST(Grid, TheWholeWorldHasAllFields) {
     EXPECT_EQ(namesOf(MapFrame(MapView{brussels})).size(), 324U);
+    EXPECT_EQ(gridLabels(MapFrame(MapView{brussels})).size(), 324U) << "each of them once";
     EXPECT_EQ(namesOf(MapFrame(MapView{{90, 0}})).size(), 324U);
 }
 
