@@ -141,6 +141,8 @@ TEST(MapLand, IsWhereAnotherTestOfTheSphereFindsIt) {
                 continue;
             ++differing;
             wrong += coasts.distanceTo(point) > 2 ? 1 : 0;
+            ASSERT_LT(wrong, 10) << "around " << options.view.centre.latitude << ' '
+                                 << options.view.centre.longitude;
         }
     }
     std::cout << looked << " places, " << land << " of them land; " << differing
