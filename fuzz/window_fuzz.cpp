@@ -52,7 +52,7 @@ public:
     /// In a folder that has an INI file.
     explicit Desktop(const QString& folder)
         : m_store(folder.toStdString() + "/store.ini")
-        , m_window({m_store, folder.toStdString(), [] { return false; }, m_registry}) {
+        , m_window({m_store, folder.toStdString(), [] { return false; }, m_registry, {}}) {
         QCoreApplication::instance()->installEventFilter(&m_reader);
         m_window.Form_Load();
         m_window.show();

@@ -35,11 +35,15 @@ std::optional<Text> pathCaption(LocatorPair locators) {
     return caption;
 }
 
-Text placeCaption(Position home, Position place) {
+Text placeLocator(Position place) {
     if (place.longitude >= 180)
-        place.longitude -= 360; // the same meridian; 180 has no field
+        place.longitude -= 360;
+    return locatorOf(place);
+}
+
+Text placeCaption(Position home, Position place) {
     const GreatCircle circle = greatCircle(home, place);
-    Text caption = locatorOf(place) + u": " + distanceText(circle.kilometres);
+    Text caption = placeLocator(place) + u": " + distanceText(circle.kilometres);
     if (home != place)
         caption += azimuthText(circle.azimuth);
     return caption;

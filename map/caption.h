@@ -13,6 +13,10 @@ namespace orbisgrid {
 /// nothing where one of them fails its check.
 [[nodiscard]] std::optional<Text> pathCaption(LocatorPair locators);
 
+/// The locator of 6 characters of a place within the world. The meridian of 180 degrees east is
+/// that of 180 degrees west, which has a field.
+[[nodiscard]] Text placeLocator(Position place);
+
 /// What a place is, seen from Home: its locator of 6 characters, distance and azimuth as the main
 /// window would show them: "FN42AA: 5637 km, 3520 miles, 291°". At Home itself there is no azimuth.
 /// Both are within the world: latitude -90 to 90, longitude -180 to 180.

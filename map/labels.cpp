@@ -37,9 +37,9 @@ bool isInPicture(const LabelBox& box) {
            box.bottom <= Picture::side;
 }
 
-bool areApart(const LabelBox& one, const LabelBox& other) {
-    return one.right <= other.left || other.right <= one.left || one.bottom <= other.top ||
-           other.bottom <= one.top;
+bool areApart(const LabelBox& one, const LabelBox& other, double away) {
+    return one.right + away <= other.left || other.right + away <= one.left ||
+           one.bottom + away <= other.top || other.bottom + away <= one.top;
 }
 
 } // namespace
@@ -60,12 +60,13 @@ void LabelPlacer::keepFree(const Picture::Dot& dot) {
                        dot.place.y + dot.radius});
 }
 
-std::optional<Picture::Label> LabelPlacer::place(const std::vector<Picture::Label>& candidates) {
+std::optional<Picture::Label> LabelPlacer::place(const std::vector<Picture::Label>& candidates,
+                                                 double away) {
     for (const Picture::Label& label : candidates) {
         const LabelBox box = boxOf(label);
         const bool isFree = isInPicture(box) &&
                             std::all_of(m_taken.begin(), m_taken.end(), [&](const LabelBox& taken) {
-                                return areApart(box, taken);
+                                return areApart(box, taken, away);
                             });
         if (isFree) {
             m_taken.push_back(box);

@@ -23,9 +23,10 @@ public:
     /// Keeps texts away from a dot.
     void keepFree(const Picture::Dot& dot);
 
-    /// Takes the first of the labels that has room; nothing where none has.
-    [[nodiscard]] std::optional<Picture::Label>
-    place(const std::vector<Picture::Label>& candidates);
+    /// Takes the first of the labels that has room, and as much around it as `away` says, in
+    /// picture units; nothing where none has.
+    [[nodiscard]] std::optional<Picture::Label> place(const std::vector<Picture::Label>& candidates,
+                                                      double away = 0);
 
 private:
     std::vector<LabelBox> m_taken;

@@ -148,8 +148,8 @@ private:
         m_dots.push_back(dot);
     }
 
-    void addLabel(const std::vector<Picture::Label>& candidates) {
-        if (auto label = m_labels.place(candidates))
+    void addLabel(const std::vector<Picture::Label>& candidates, double away = 0) {
+        if (auto label = m_labels.place(candidates, away))
             add(std::move(*label));
     }
 
@@ -168,8 +168,9 @@ private:
             addLabel({label});
         for (const double kilometres : ringKilometres(m_frame.kilometres()))
             addLabel(ringLabels(m_frame, kilometres));
+        constexpr double awayOfGrid = 1; // em: every cell with its name would hide the world
         for (const auto& candidates : gridLabels(m_frame))
-            addLabel(candidates);
+            addLabel(candidates, awayOfGrid * em);
     }
 
     void addDotLabels() {

@@ -1,5 +1,7 @@
 #include "map/svg.h"
 
+#include "map/role_style.h"
+
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -8,26 +10,7 @@ namespace orbisgrid {
 
 namespace {
 
-constexpr std::string_view styleSheet = R"(
-text{font-family:"DejaVu Sans","Liberation Sans",Arial,sans-serif;fill:#222;)"
-                                        R"(stroke:#fff;stroke-width:.15em;paint-order:stroke}
-path,line,circle{fill:none;stroke-linejoin:round}
-.sea{fill:#fff}
-.land{fill:#d9d4c5;fill-rule:evenodd;stroke:#77705c;stroke-width:.6}
-.border{stroke:#a39c88;stroke-width:.6}
-.night{fill:#223;fill-opacity:.16;fill-rule:evenodd}
-.grid{stroke:#8fa3b8;stroke-width:.4}
-.ring{stroke:#446;stroke-width:.7;stroke-dasharray:1 3}
-.rim,.tick{stroke:#222;stroke-width:1.2}
-.short-path{stroke:#b00020;stroke-width:2.4}
-.long-path{stroke:#b00020;stroke-width:1.6;stroke-dasharray:9 6}
-.cross{stroke:#000;stroke-width:1.6}
-.home{fill:#000}
-.target{fill:#b00020}
-.grid-label{fill:#587088}
-.ring-label{fill:#446}
-.cardinal,.home-label,.target-label{font-weight:bold}
-)";
+constexpr std::string_view fontFamily = "\"DejaVu Sans\",\"Liberation Sans\",Arial,sans-serif";
 
 /// A character that an XML 1.0 file can hold as it is.
 bool isXml(char16_t character) {
@@ -68,8 +51,8 @@ public:
                  "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 1000 1000\" "
                  "role=\"img\">\n<title>" +
                  escaped(words.title) + "</title>\n<desc>" + escaped(words.description) +
-                 "</desc>\n<style>";
-        m_text += styleSheet;
+                 "</desc>\n<style>\n";
+        writeStyleSheet(printStyles());
         m_text += "</style>\n";
         for (const Picture::Shape& shape : picture.shapes)
             std::visit([this](const auto& each) { write(each); }, shape);
@@ -77,6 +60,58 @@ public:
     }
 
 private:
+    void writeStyleSheet(const RoleStyles& styles) {
+        m_text += "text{font-family:";
+        m_text += fontFamily;
+        m_text += ";paint-order:stroke}\npath,text{stroke-linejoin:round}\n"
+                  "path{fill:none;fill-rule:evenodd}\n";
+        for (const Role role : everyRole())
+            writeRule(role, styles.of(role));
+    }
+
+    void writeRule(Role role, const RoleStyle& style) {
+        m_text += '.';
+        m_text += roleName(role);
+        m_text += '{';
+        writeColor("fill", style.fill);
+        writeColor("stroke", style.stroke);
+        if (style.width > 0) {
+            m_text += ";stroke-width:";
+            number(style.width);
+            m_text += isTextRole(role) ? "em" : "";
+        }
+        if (style.dash > 0) {
+            m_text += ";stroke-dasharray:";
+            number(style.dash);
+            m_text += ' ';
+            number(style.gap);
+        }
+        m_text += style.isBold ? ";font-weight:bold}\n" : "}\n";
+    }
+
+    /// "fill:#222233;fill-opacity:0.16"; the stroke's stands behind the fill's.
+    void writeColor(std::string_view property, std::uint32_t color) {
+        constexpr std::string_view digits = "0123456789abcdef";
+        if (property == "stroke")
+            m_text += ';';
+        m_text += property;
+        m_text += ':';
+        const std::uint32_t alpha = color >> 24U;
+        if (alpha == 0) {
+            m_text += "none";
+            return;
+        }
+        m_text += '#';
+        for (unsigned shift = 24; shift > 0; shift -= 4)
+            m_text += digits[(color >> (shift - 4)) & 0xFU];
+        if (alpha < 0xFF) {
+            m_text += ';';
+            m_text += property;
+            m_text += "-opacity:";
+            number(alpha / 255.0);
+        }
+    }
+
     void write(const Picture::Area& area) { writePath(area.role, area.rings, "Z"); }
 
     void write(const Picture::Lines& lines) { writePath(lines.role, lines.lines, ""); }

@@ -54,6 +54,8 @@ HomeTargetPanel::HomeTargetPanel(LocatorConverterForm& form, Messages& messages,
     , m_command1(glyphButton(QStringLiteral("Command1"), Glyph::copy,
                              QStringLiteral("copy to clipboard"),
                              QStringLiteral("Copy the report to the clipboard")))
+    , m_cmdShowPathMap(glyphButton(QStringLiteral("cmdShowPathMap"), Glyph::pathMap,
+                                   QStringLiteral("Show the path on a map")))
     , m_cmdShowMapURL(glyphButton(QStringLiteral("cmdShowMapURL"), Glyph::map,
                                   QStringLiteral("Show location on ") + mapName())) {
     for (const Side side : bothSides)
@@ -71,6 +73,7 @@ HomeTargetPanel::HomeTargetPanel(LocatorConverterForm& form, Messages& messages,
     connect(m_cmdCalculateDistDir, &QPushButton::clicked, this,
             &HomeTargetPanel::cmdCalculateDistDir_Click);
     connect(m_command1, &QToolButton::clicked, this, &HomeTargetPanel::Command1_Click);
+    connect(m_cmdShowPathMap, &QToolButton::clicked, this, &HomeTargetPanel::pathMapWanted);
     connect(m_cmdShowMapURL, &QToolButton::clicked, this, &HomeTargetPanel::mapWanted);
     showForm();
 }
@@ -168,6 +171,7 @@ QLayout* HomeTargetPanel::placeResults() {
     addPosition(2, QStringLiteral("Target> Latitude:"), m_lblTargetLat, m_lblTargetLong);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(m_command1);
+    buttons->addWidget(m_cmdShowPathMap);
     buttons->addWidget(m_cmdShowMapURL);
     grid->addLayout(buttons, 1, 4, 2, 1, Qt::AlignRight | Qt::AlignBottom);
     grid->setColumnStretch(1, 1);
@@ -186,7 +190,7 @@ void HomeTargetPanel::orderTabs() {
         target.cmdClear, target.cmdDefault,  m_lblDistKm,
         m_lblDistMile,   m_lblAzimuth,       m_lblHomeLat,
         m_lblHomeLong,   m_lblTargetLat,     m_lblTargetLong,
-        m_command1,      m_cmdShowMapURL};
+        m_command1,      m_cmdShowPathMap,   m_cmdShowMapURL};
     for (const auto* widget = order.begin(); widget + 1 != order.end(); ++widget)
         setTabOrder(widget[0], widget[1]);
 }
@@ -242,6 +246,11 @@ void HomeTargetPanel::showList(Side side) {
     }
     // A combo box selects its first item by itself; here nothing is selected unless someone did.
     widget.setCurrentIndex(list.ListIndex);
+}
+
+void HomeTargetPanel::fillBox(Side side, TextView locator) {
+    m_form.homeTarget.box(side).set(locator);
+    showForm();
 }
 
 void HomeTargetPanel::hideMapButton() {

@@ -37,12 +37,16 @@ public:
 
     void cmdCalculateDistDir_Click();
 
+    /// A locator was chosen elsewhere: it goes into a box as if it were typed.
+    void fillBox(Side side, TextView locator);
+
 Q_SIGNALS:
     /// Calculate has put the Target into the converter.
     void converterChanged();
     /// A default locator was set: the INI file is to be written.
     void defaultsChanged();
     void mapWanted();
+    void pathMapWanted();
 
 private:
     /// The controls that Home and Target each have.
@@ -82,6 +86,7 @@ private:
     std::array<Row, 2> m_rows;
     QPushButton* m_cmdCalculateDistDir;
     QToolButton* m_command1;
+    QToolButton* m_cmdShowPathMap;
     QToolButton* m_cmdShowMapURL;
     QLabel* m_lblDistKm;
     QLabel* m_lblDistMile;

@@ -61,6 +61,15 @@ void drawMap(QPainter& painter) {
     painter.drawEllipse(QPointF(8, 6.25), 1.75, 1.75);
 }
 
+/// The disc of a map, and on it the way from its middle to a place.
+void drawPathMap(QPainter& painter) {
+    painter.drawEllipse(QPointF(8, 8), 6.5, 6.5);
+    painter.drawLine(QPointF(8, 8), QPointF(4.5, 5.25));
+    painter.setBrush(painter.pen().color());
+    painter.drawEllipse(QPointF(8, 8), 0.75, 0.75);
+    painter.drawEllipse(QPointF(4.25, 5), 0.75, 0.75);
+}
+
 void drawRemoveItem(QPainter& painter) {
     painter.drawLine(QPointF(3.5, 8), QPointF(12.5, 8));
 }
@@ -92,6 +101,8 @@ void drawGlyph(QPainter& painter, Glyph glyph) {
         return drawCopyAll(painter);
     case Glyph::map:
         return drawMap(painter);
+    case Glyph::pathMap:
+        return drawPathMap(painter);
     case Glyph::removeItem:
         return drawRemoveItem(painter);
     case Glyph::eraseList:

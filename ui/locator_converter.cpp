@@ -126,6 +126,10 @@ QLayout* LocatorConverter::optionsLine() {
 void LocatorConverter::connectParts() {
     connect(m_homeTarget, &HomeTargetPanel::converterChanged, m_converter,
             &ConverterPanels::showConversion);
+    connect(m_homeTarget, &HomeTargetPanel::converterChanged, this,
+            &LocatorConverter::rememberPath);
+    connect(m_homeTarget, &HomeTargetPanel::pathMapWanted, this,
+            &LocatorConverter::cmdShowPathMap_Click);
     connect(m_homeTarget, &HomeTargetPanel::defaultsChanged, this, &LocatorConverter::SaveINI);
     connect(m_homeTarget, &HomeTargetPanel::mapWanted, this,
             &LocatorConverter::cmdShowMapURL_Click);
@@ -163,6 +167,7 @@ void LocatorConverter::makeShortcuts() {
     clicks(Qt::ALT | Qt::Key_S, m_chkOnTop);
     clicks(Qt::Key_F5, m_cmdRefresh);
     clicks(Qt::Key_F1, m_cmdHelp);
+    leadsTo(Qt::Key_F2, [this] { cmdShowPathMap_Click(); });
     clicks(Qt::CTRL | Qt::Key_Q, m_cmdExit);
 }
 
@@ -252,6 +257,8 @@ void LocatorConverter::Form_Unload() {
 
 void LocatorConverter::closeEvent(QCloseEvent* event) {
     Form_Unload();
+    if (m_pathMap != nullptr)
+        m_pathMap->close();
     event->accept();
 }
 
@@ -268,6 +275,8 @@ void LocatorConverter::showForm() {
 
 void LocatorConverter::chkOnTop_Click(bool isOn) {
     SetTopMost(*this, isOn);
+    if (m_pathMap != nullptr)
+        SetTopMost(*m_pathMap, isOn);
     if (isVisible()) // at the start it is not, and the focus belongs to Home then
         m_picFocus->setFocus();
 }
@@ -275,6 +284,8 @@ void LocatorConverter::chkOnTop_Click(bool isOn) {
 void LocatorConverter::cmdRefresh_Click() {
     m_form.refresh();
     showForm();
+    m_path.reset();
+    showPathOnMap();
 }
 
 void LocatorConverter::cmdExit_Click() {
@@ -295,6 +306,52 @@ void LocatorConverter::cmdShowMapURL_Click() const {
     const MapQuery query = mapQuery(m_form.converter);
     QString address = mapAddress(toQString(query.latitude), toQString(query.longitude));
     OpenWebPage(address);
+}
+
+// Map -------------------------------------------------------------------------------------------
+
+void LocatorConverter::cmdShowPathMap_Click() {
+    if (m_pathMap == nullptr) {
+        m_pathMap = new PathMap(m_surroundings.map, this);
+        connect(m_pathMap, &PathMap::targetChosen, this, &LocatorConverter::pathMap_TargetChosen);
+        connect(m_pathMap, &PathMap::homeChosen, this, &LocatorConverter::pathMap_HomeChosen);
+        if (m_chkOnTop->isChecked())
+            SetTopMost(*m_pathMap, true);
+    }
+    if (!m_pathMap->isVisible())
+        showPathOnMap();
+    m_pathMap->show();
+    m_pathMap->raise();
+    m_pathMap->activateWindow();
+}
+
+/// Calculate has completed both boxes: they hold what was calculated.
+void LocatorConverter::rememberPath() {
+    const HomeTarget& panel = m_form.homeTarget;
+    m_path = subjectOfPath({panel.txtHome.text(), panel.txtTarget.text()});
+    showPathOnMap();
+}
+
+void LocatorConverter::showPathOnMap() {
+    if (m_pathMap != nullptr)
+        m_pathMap->showSubject(m_path ? *m_path
+                                      : subjectBeforePath(m_form.homeTarget.txtHome.text()));
+}
+
+void LocatorConverter::pathMap_TargetChosen(const QString& locator) {
+    m_homeTarget->fillBox(Side::Target, toText(locator));
+    m_homeTarget->cmdCalculateDistDir_Click();
+}
+
+/// Without a Target there is nothing to calculate yet, and the map turns to its new middle.
+void LocatorConverter::pathMap_HomeChosen(const QString& locator) {
+    m_homeTarget->fillBox(Side::Home, toText(locator));
+    if (m_form.homeTarget.txtTarget.text().empty()) {
+        m_path.reset();
+        showPathOnMap();
+    } else {
+        m_homeTarget->cmdCalculateDistDir_Click();
+    }
 }
 
 /// Enter presses the button that has the focus, as Space does; a check box is for Space alone.

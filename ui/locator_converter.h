@@ -3,6 +3,7 @@
 #include "panels/locator_converter_form.h"
 #include "settings/locator_list_ini.h"
 #include "settings/settings_store.h"
+#include "ui/path_map_window.h"
 #include "ui/window_messages.h"
 
 #include <QString>
@@ -10,6 +11,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 
 class QCheckBox;
@@ -29,6 +31,7 @@ struct Surroundings {
     std::string programFolder; ///< where Orbisgrid.ini and Readme.txt lie; no separator at its end
     std::function<bool()> isOnline;
     ToolRegistry& registry; ///< of the About window
+    MapSurroundings map;
 };
 
 /// The main window: both panels, the window's own options and buttons, and what happens at start
@@ -78,7 +81,13 @@ private:
     void cmdHelp_Click();
     void cmdAbout_Click();
     void cmdShowMapURL_Click() const;
+    void cmdShowPathMap_Click();
     void showForm();
+
+    void rememberPath();
+    void showPathOnMap();
+    void pathMap_TargetChosen(const QString& locator);
+    void pathMap_HomeChosen(const QString& locator);
 
     std::string iniPath() const;
 
@@ -86,6 +95,7 @@ private:
     LocatorConverterForm m_form;
     LocatorListIni m_ini; ///< what no control holds: the note, the two switches
     std::int32_t m_useCounter = 0;
+    std::optional<MapSubject> m_path; ///< of the last Calculate; nothing before it and once cleared
     WindowMessages m_messages;
     QWidget* m_picFocus; ///< takes the focus so that no box keeps a selection
     HomeTargetPanel* m_homeTarget;
@@ -95,6 +105,7 @@ private:
     QPushButton* m_cmdHelp;
     QPushButton* m_cmdAbout;
     QPushButton* m_cmdExit;
+    PathMap* m_pathMap = nullptr; ///< made when it is first wanted
 };
 
 } // namespace orbisgrid

@@ -6,6 +6,7 @@
 #include "platform/clipboard_selection.h"
 #include "platform/display.h"
 #include "platform/font_configuration.h"
+#include "platform/program_folder.h"
 #include "platform/termination.h"
 #include "ui/app_icon.h"
 #include "ui/contrast_style.h"
@@ -51,6 +52,11 @@ void refuse(const std::string& whatIsWrong) {
 void setIconOnceDrawn(const QObject& window) {
     constexpr std::chrono::milliseconds later{50};
     QTimer::singleShot(later, &window, [] { QApplication::setWindowIcon(appIcon()); });
+}
+
+Moment momentNow() {
+    const auto since1970 = std::chrono::system_clock::now().time_since_epoch();
+    return Moment{std::chrono::duration_cast<std::chrono::seconds>(since1970).count()};
 }
 
 /// Qt tells the session manager to start "orbisgrid -session <id>" at the next login: without the
@@ -113,7 +119,12 @@ int runWindow(SettingsStore& store, const std::string& programFolder, int& argc,
     useContrastStyleWhereNeeded();
     useFractionalScaleStyleWhereNeeded();
     DesktopToolRegistry registry;
-    LocatorConverter window({store, programFolder, [] { return IsOnline(); }, registry});
+    LocatorConverter window(
+        {store,
+         programFolder,
+         [] { return IsOnline(); },
+         registry,
+         {executableFolder() + "/orbisgrid-map.dat", [] { return momentNow(); }}});
     window.Form_Load();
     window.show();
     window.countUse();

@@ -91,12 +91,12 @@ protected:
         return false;
     }
 
-    /// The report's button is the second before the locator box in the tab ring; the map's button
-    /// is between them.
+    /// The report's button is the third before the locator box in the tab ring; the buttons of both
+    /// maps are between them.
     void copyReport() const {
         key("alt+l");
-        key("shift+Tab");
-        key("shift+Tab");
+        for (int i = 0; i < 3; ++i)
+            key("shift+Tab");
         key("space");
         EXPECT_TRUE(test::waitUntil([] { return !test::clipboardText().empty(); }, 30));
     }
@@ -328,6 +328,19 @@ TEST_F(WindowDesktopTest, TheMenuSurvivesTheReleaseOfTheMouseButton) {
     key("Return");
     close();
     EXPECT_NE(m_program.ini().find("[Home data]\r\nJO20AW\r\n"), std::string::npos);
+}
+
+TEST_F(WindowDesktopTest, TheMapOfThePathOpensBesideAndCloses) {
+    open();
+    calculate("jo20aw", "fn42aa");
+    const auto isShown = [] {
+        return shell("xdotool search --onlyvisible --name '^Path on a map$'").status == 0;
+    };
+    EXPECT_FALSE(isShown());
+    key("F2");
+    EXPECT_TRUE(test::waitUntil(isShown, 30));
+    key("Escape");
+    EXPECT_TRUE(test::waitUntil([&] { return !isShown(); }, 30));
 }
 
 TEST_F(WindowDesktopTest, TheMapOpensItsAddress) {

@@ -31,14 +31,15 @@ TEST(Svg, AnAreaIsAPathOfClosedRings) {
         Role::land, {{{0, 0}, {10, 0}, {10, 10}}, {{20.25, 20}, {30, 20}, {30, 30.125}}}});
     EXPECT_TRUE(
         contains(text, "<path class=\"land\" d=\"M0 0L10 0 10 10ZM20.25 20L30 20 30 30.13Z\"/>\n"));
-    EXPECT_TRUE(contains(text, ".land{fill:#d9d4c5;fill-rule:evenodd"));
+    EXPECT_TRUE(contains(text, "\npath{fill:none;fill-rule:evenodd}\n"));
 }
 
 TEST(Svg, LinesStayOpen) {
     const std::string text =
         svgOf(Picture::Lines{Role::longPath, {{{1, 2}, {3, 4}}, {{-5, 6}, {7, 8}}}});
     EXPECT_TRUE(contains(text, "<path class=\"long-path\" d=\"M1 2L3 4M-5 6L7 8\"/>\n"));
-    EXPECT_TRUE(contains(text, ".long-path{stroke:#b00020;stroke-width:1.6;stroke-dasharray:"));
+    EXPECT_TRUE(contains(text, "\n.long-path{fill:none;stroke:#b00020;stroke-width:1.6;"
+                               "stroke-dasharray:9 6}\n"));
 }
 
 TEST(Svg, NoLinesAreNoElement) {

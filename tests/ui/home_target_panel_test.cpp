@@ -53,6 +53,7 @@ private Q_SLOTS:
         row("cmdDefault_0", "Default", "Make home locator default at startup");
         row("cmdDefault_1", "Default", "Make target locator default at startup");
         row("Command1", "", "copy to clipboard");
+        row("cmdShowPathMap", "", "Show the path on a map");
         row("cmdShowMapURL", "", "Show location on Google Maps");
         row("lblDistKm", "0 Km", "");
         row("lblDistMile", "0 Miles", "");

@@ -15,8 +15,12 @@ void MainWindow::open(const IniText& ini) {
 void MainWindow::open(const QByteArray& ini) {
     m_box.writeProgramFile(QStringLiteral("Orbisgrid.ini"), ini);
     m_store = std::make_unique<PerUserStore>(m_box.configFolder().toStdString() + "/ZZ9QX.ini");
-    m_window = std::make_unique<LocatorConverter>(Surroundings{
-        *m_store, m_box.programFolder().toStdString(), [this] { return m_isOnline; }, m_registry});
+    m_window = std::make_unique<LocatorConverter>(
+        Surroundings{*m_store,
+                     m_box.programFolder().toStdString(),
+                     [this] { return m_isOnline; },
+                     m_registry,
+                     {m_outlinesFile, [this] { return m_moment; }}});
     m_window->Form_Load();
     m_window->show();
     m_window->countUse();

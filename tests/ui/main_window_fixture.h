@@ -21,6 +21,12 @@ public:
 
     void setOnline(bool isOnline) { m_isOnline = isOnline; }
 
+    /// Another file for the land of the map.
+    void setOutlinesFile(const std::string& path) { m_outlinesFile = path; }
+
+    /// The map's clock stands still at noon of a summer solstice, unless it is set.
+    void setMoment(Moment moment) { m_moment = moment; }
+
     /// Starts the window as the program does and shows it.
     void open(const IniText& ini = {});
     void open(const QByteArray& ini);
@@ -37,6 +43,8 @@ private:
     SealedBox m_box;
     DesktopToolRegistry m_registry;
     bool m_isOnline = true;
+    std::string m_outlinesFile = ORBISGRID_SOURCES "/map/data/orbisgrid-map.dat";
+    Moment m_moment = parsedMoment("2026-06-21T12:00:00Z").value();
     std::unique_ptr<PerUserStore> m_store;
     std::unique_ptr<LocatorConverter> m_window;
 };

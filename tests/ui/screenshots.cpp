@@ -1,11 +1,12 @@
-/// Renders the main window for people to look at: screenshots <folder> [look] [points]
+/// Renders the main window and the map for people to look at: screenshots <folder> [look] [points]
 /// [width x height], where a look is a name of tests/ui/palettes.h. With the folder alone it
-/// renders what is worth a look: each palette, large fonts, a stretched window. No test: what is
-/// beautiful is judged by eye. The scale comes from QT_SCALE_FACTOR.
+/// renders what is worth a look: each palette, large fonts, a stretched window, maps around many
+/// places. No test: what is beautiful is judged by eye. The scale comes from QT_SCALE_FACTOR.
 #include "tests/ui/main_window_fixture.h"
 #include "tests/ui/palettes.h"
 #include "ui/contrast_style.h"
 #include "ui/fractional_scale_style.h"
+#include "ui/path_map_window.h"
 
 #include <QApplication>
 
@@ -50,7 +51,8 @@ void save(QWidget& widget, const QString& path) {
         qFatal("cannot write %s", qPrintable(path));
 }
 
-void render(const Rendering& rendering, const QString& folder) {
+/// Puts on a look; result: the font before.
+QFont putOn(const Rendering& rendering) {
     QApplication::setStyle(QStringLiteral("fusion"));
     QApplication::setPalette(test::paletteOf(rendering.look));
     useContrastStyleWhereNeeded();
@@ -60,7 +62,43 @@ void render(const Rendering& rendering, const QString& folder) {
     if (rendering.points > 0)
         font.setPointSize(rendering.points);
     QApplication::setFont(font);
+    return usual;
+}
 
+void calculate(test::MainWindow& main, const QString& home) {
+    main.type("txtHome", home);
+    main.type("txtTarget", QStringLiteral("FN42AA"));
+    main.pressEnter("txtTarget");
+}
+
+void renderMap(test::MainWindow& main, int zoom, const QString& path) {
+    if (!main.window().findChild<QWidget*>(QStringLiteral("PathMap")))
+        main.click("cmdShowPathMap");
+    auto& view = main.child<QWidget>(QStringLiteral("picPathMap"));
+    QTest::keyClick(&view, Qt::Key_0);
+    for (int i = 0; i < zoom; ++i)
+        QTest::keyClick(&view, Qt::Key_Plus);
+    save(main.child<QWidget>(QStringLiteral("PathMap")), path);
+}
+
+/// Around Europe, New Zealand, both poles and Hawaii: the world, about 3,000 and 200 km.
+void renderMaps(const QString& folder) {
+    const QFont usual = putOn({QStringLiteral("light"), 0, {}});
+    for (const char* home : {"JO20AW", "RE78JS", "JR09AX", "JA00AA", "BL11BH"}) {
+        for (const int zoom : {0, 8, 20}) {
+            test::MainWindow main;
+            main.open();
+            calculate(main, QString::fromLatin1(home));
+            renderMap(
+                main, zoom,
+                QStringLiteral("%1/map-%2-%3.png").arg(folder, QLatin1String(home)).arg(zoom));
+        }
+    }
+    QApplication::setFont(usual);
+}
+
+void render(const Rendering& rendering, const QString& folder) {
+    const QFont usual = putOn(rendering);
     test::MainWindow main;
     test::IniText ini;
     ini.homeLines = test::listLines("JO20AW,JO21AA");
@@ -69,11 +107,11 @@ void render(const Rendering& rendering, const QString& folder) {
         main.window().resize(rendering.size);
     save(main.window(),
          folder + QStringLiteral("/main-empty-") + rendering.name() + QStringLiteral(".png"));
-    main.type("txtHome", QStringLiteral("JO20AW"));
-    main.type("txtTarget", QStringLiteral("FN42AA"));
-    main.pressEnter("txtTarget");
+    calculate(main, QStringLiteral("JO20AW"));
     save(main.window(),
          folder + QStringLiteral("/main-") + rendering.name() + QStringLiteral(".png"));
+    renderMap(main, 0,
+              folder + QStringLiteral("/map-") + rendering.name() + QStringLiteral(".png"));
     QApplication::setFont(usual);
 }
 
@@ -88,6 +126,7 @@ int main(int argc, char** argv) {
     } else {
         for (const Rendering& rendering : everyRendering())
             render(rendering, folder);
+        renderMaps(folder);
     }
     return 0;
 }

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "map/role_style.h"
+
+class QPalette;
+
+namespace orbisgrid {
+
+/// The look of a map in a window with that palette: print's colours on a light one, light lines on
+/// a dark one, and on a black one (high contrast) the palette's own two colours.
+RoleStyles screenStyles(const QPalette& palette);
+
+} // namespace orbisgrid

@@ -1,0 +1,78 @@
+#include "ui/picture_file.h"
+
+#include "ui/picture_painter.h"
+#include "ui/qt_text.h"
+
+#include <QBuffer>
+#include <QPageSize>
+#include <QPainter>
+#include <QPdfWriter>
+
+namespace orbisgrid {
+
+namespace {
+
+/// What the SVG file asks for first.
+QFont printFont() {
+    return QFont(QStringLiteral("DejaVu Sans"));
+}
+
+QByteArray png(const Picture& picture) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    printedImage(picture).save(&buffer, "PNG");
+    return bytes;
+}
+
+QByteArray pdf(const Picture& picture, const SvgWords& words) {
+    constexpr double millimetres = 200;
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    writer.setTitle(toQString(words.title));
+    writer.setPageSize(QPageSize(QSizeF(millimetres, millimetres), QPageSize::Millimeter));
+    writer.setPageMargins(QMarginsF(0, 0, 0, 0));
+    QPainter painter(&writer);
+    const RoleStyles styles = printStyles();
+    paintPicture(painter, picture,
+                 {.styles = styles, .font = printFont(), .scale = writer.width() / Picture::side});
+    painter.end();
+    return bytes;
+}
+
+} // namespace
+
+PictureKind pictureKindOf(const QString& fileName) {
+    if (fileName.endsWith(QStringLiteral(".png"), Qt::CaseInsensitive))
+        return PictureKind::png;
+    if (fileName.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive))
+        return PictureKind::pdf;
+    return PictureKind::svg;
+}
+
+QImage printedImage(const Picture& picture) {
+    constexpr int pixels = 2000;
+    QImage image(pixels, pixels, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    const RoleStyles styles = printStyles();
+    paintPicture(painter, picture,
+                 {.styles = styles, .font = printFont(), .scale = pixels / Picture::side});
+    return image;
+}
+
+QByteArray pictureFile(const Picture& picture, const SvgWords& words, PictureKind kind) {
+    switch (kind) {
+    case PictureKind::png:
+        return png(picture);
+    case PictureKind::pdf:
+        return pdf(picture, words);
+    case PictureKind::svg:
+        break;
+    }
+    return QByteArray::fromStdString(svgText(picture, words));
+}
+
+} // namespace orbisgrid

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "map/picture.h"
+#include "map/svg.h"
+
+#include <QByteArray>
+#include <QImage>
+
+namespace orbisgrid {
+
+/// The kinds of file that a picture is saved as.
+enum class PictureKind { svg, png, pdf };
+
+/// By the end of a file's name, whatever its case; SVG where it says nothing else.
+PictureKind pictureKindOf(const QString& fileName);
+
+/// A picture in the colours of print: 2000 x 2000 pixels.
+QImage printedImage(const Picture& picture);
+
+/// The bytes of a picture's file, in the colours of print. A PDF has one page of 200 x 200 mm.
+QByteArray pictureFile(const Picture& picture, const SvgWords& words, PictureKind kind);
+
+} // namespace orbisgrid
