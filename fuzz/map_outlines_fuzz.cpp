@@ -1,6 +1,7 @@
 #include "fuzz/oracle.h"
 #include "map/land.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace orbisgrid::fuzz {
@@ -22,7 +23,8 @@ void compareLines(const Outlines& outlines, const std::vector<Outlines::Line>& l
         require(outlines.detailsOf(line).size() == points.size(), "details of a line");
         for (const Direction& point : points) {
             require(std::fabs(dot(point, point) - 1) < 1e-12, "length of a direction");
-            require(line.reach > 3.2 || std::acos(dot(point, line.middle)) <= line.reach,
+            require(line.reach > 3.2 ||
+                        std::acos(std::min(1.0, dot(point, line.middle))) <= line.reach,
                     "cap of a line");
         }
         for (const std::uint8_t detail : outlines.detailsOf(line))
