@@ -31,7 +31,7 @@ LocatorCodes codesOf(TextView locator) {
 }
 
 /// Position of a subsquare's centre. 64.5 is "A" less one half: it adds half a subsquare.
-Position centreOf(const LocatorCodes& c) {
+Position centreOfCodes(const LocatorCodes& c) {
     return {(c[1] - 65) * fieldLatitude - 90 + (c[3] - 48) * squareLatitude +
                 (c[5] - 64.5) / subsquaresPerDegreeLatitude,
             (c[0] - 65) * fieldLongitude - 180 + (c[2] - 48) * squareLongitude +
@@ -69,13 +69,22 @@ int fieldIndex(double value) {
     return value < towardsZero ? towardsZero - 1 : towardsZero;
 }
 
+/// Of a value that is not negative.
+double fraction(double value) {
+    return value - static_cast<int>(value);
+}
+
 } // namespace
+
+Position centreOfSix(TextView locator) {
+    return centreOfCodes(codesOf(locator));
+}
 
 LocatorPosition Maiden2World(Text& locator) {
     complete(locator);
     if (locator.size() < locatorLength)
         throw RuntimeError(RuntimeError::invalidProcedureCall);
-    const Position centre = centreOf(codesOf(locator));
+    const Position centre = centreOfSix(locator);
 
     LocatorPosition result;
     // The texts come from the values before they become single: in many places, FN20 among them,
@@ -92,7 +101,7 @@ LocatorPositionHMS Maiden2WorldHMS(Text& locator) {
     complete(locator);
     Text six = locator;
     six.resize(locatorLength); // a missing character counts as 0
-    const Position position = centreOf(codesOf(six));
+    const Position position = centreOfSix(six);
     const double longitude = std::fabs(position.longitude);
     const double latitude = std::fabs(position.latitude);
     const char16_t eastWest = longitudeLetter(position.longitude);
@@ -133,6 +142,23 @@ Text World2Grid(double& Longitude, double& Latitude) {
 
 Text locatorOf(Position position) {
     return World2Grid(position.longitude, position.latitude);
+}
+
+Text locatorOf(Position position, std::size_t characters) {
+    Text locator = World2Grid(position.longitude, position.latitude);
+    // What is left counts in squares: first the place in the square, then that in its subsquare.
+    double east = fraction(position.longitude) * subsquaresPerSquare;
+    double north = fraction(position.latitude) * subsquaresPerSquare;
+    while (locator.size() < characters) {
+        const bool isSquare = locator.size() % 4 == 2;
+        const int cells = isSquare ? squaresPerField : subsquaresPerSquare;
+        east = fraction(east) * cells;
+        north = fraction(north) * cells;
+        const char16_t first = isSquare ? u'0' : u'A';
+        locator += static_cast<char16_t>(first + static_cast<int>(east));
+        locator += static_cast<char16_t>(first + static_cast<int>(north));
+    }
+    return locator;
 }
 
 // NOLINTNEXTLINE(bugprone-easily-swappable-parameters): the procedure is defined in this order

@@ -3,6 +3,8 @@
 #include "core/position.h"
 #include "core/text.h"
 
+#include <cstddef>
+
 namespace orbisgrid {
 
 /// What Maiden2World decodes a locator to.
@@ -33,6 +35,11 @@ struct LocatorPositionHMS {
 /// Throws RuntimeError 5 for fewer than 4 characters (the change in place has happened by then).
 LocatorPosition Maiden2World(Text& locator);
 
+/// The centre of a subsquare in double precision, before anything is stored as single: what the
+/// texts of Maiden2World are made of. `locator` has at least 6 characters in upper case, none of
+/// which is checked.
+[[nodiscard]] Position centreOfSix(TextView locator);
+
 /// Decodes like Maiden2World, in double precision and with texts in degrees, minutes and seconds.
 /// A character that is missing counts as code 0; nothing is raised. Seconds of 59.5 or more show as
 /// "60", since the minutes are cut first.
@@ -51,6 +58,10 @@ LocatorPositionHMS Maiden2WorldHMS(Text& locator);
 
 /// The 6-character locator of a place: World2Grid, which see for its borders and what it throws.
 [[nodiscard]] Text locatorOf(Position position);
+
+/// The locator of `characters` (6, 8 or 10) characters: the six of World2Grid, then further pairs
+/// by the same rule, each cut and never rounded. Throws what World2Grid throws.
+[[nodiscard]] Text locatorOf(Position position, std::size_t characters);
 
 /// Encodes a position to 6 characters; `LongCo` counts positive towards the WEST, `LatCo` towards
 /// the north. `TypeConvert` is accepted and not used. Result: empty where the latitude letter comes

@@ -162,7 +162,9 @@ std::size_t digitsOf(std::uint64_t whole) {
 
 /// Lays out a plain decimal: no exponent, no trailing zeros behind the point, a digit before it. A
 /// whole number gets leading zeros up to `minimumDigits`.
-void append(Text& text, Decimal decimal, std::size_t minimumDigits) {
+template <typename String>
+void append(String& text, Decimal decimal, std::size_t minimumDigits) {
+    using Character = typename String::value_type;
     while (decimal.exponent < 0 && decimal.whole % 10 == 0) {
         decimal.whole /= 10;
         ++decimal.exponent;
@@ -172,41 +174,49 @@ void append(Text& text, Decimal decimal, std::size_t minimumDigits) {
     const std::size_t digits = std::max({digitsOf(decimal.whole), decimals + 1, minimumDigits});
     const std::size_t first = text.size();
     const std::size_t point = first + digits - decimals;
-    text.resize(first + digits + (decimals > 0 ? 1 : 0), u'.');
+    text.resize(first + digits + (decimals > 0 ? 1 : 0), Character{'.'});
     for (std::size_t i = text.size(); i-- > first;) {
         if (i == point)
             continue;
-        text[i] = static_cast<char16_t>(u'0' + decimal.whole % 10);
+        text[i] = static_cast<Character>(u'0' + decimal.whole % 10);
         decimal.whole /= 10;
     }
-    text.append(zeros, u'0');
+    text.append(zeros, Character{'0'});
 }
 
 struct NumberForm {
     int significantDigits;
-    TextView prefix; ///< in front of values that are not negative
+    bool hasBlank = false; ///< one in front of values that are not negative
     std::size_t minimumDigits = 1;
 };
 
 constexpr int singleDigits = 7;
 constexpr int doubleDigits = 15;
 
-Text numberText(double value, const NumberForm& form) {
-    Text text; // returned by every path, so the compiler builds it in the caller's place
+/// Puts the text behind what stands in `text`: a text of the program, or bytes of a file.
+template <typename String>
+void appendNumber(String& text, double value, const NumberForm& form) {
+    using Character = typename String::value_type;
+    if (form.hasBlank && !(value < 0 && std::isfinite(value)))
+        text += Character{' '};
     if (value == 0) {
-        (text += form.prefix).append(form.minimumDigits, u'0');
+        text.append(form.minimumDigits, Character{'0'});
     } else if (!std::isfinite(value)) {
-        (text += form.prefix) += std::isnan(value) ? u"nan" : u"inf";
+        for (const char letter : std::string_view(std::isnan(value) ? "nan" : "inf"))
+            text += static_cast<Character>(letter);
     } else {
         if (value < 0)
-            text += u'-';
-        else
-            text += form.prefix;
+            text += Character{'-'};
         const double magnitude = std::fabs(value);
         const auto quick = quicklyRounded(magnitude, form.significantDigits);
         append(text, quick ? *quick : rounded(magnitude, form.significantDigits),
                form.minimumDigits);
     }
+}
+
+Text numberText(double value, const NumberForm& form) {
+    Text text; // returned by every path, so the compiler builds it in the caller's place
+    appendNumber(text, value, form);
     return text;
 }
 
@@ -246,23 +256,35 @@ std::optional<std::int16_t> nearestInt16(double value) {
 }
 
 Text plainText(float value) {
-    return numberText(value, {singleDigits, {}});
+    return numberText(value, {singleDigits});
 }
 
 Text plainText(double value) {
-    return numberText(value, {doubleDigits, {}});
+    return numberText(value, {doubleDigits});
 }
 
 Text plainTextOfSeven(double value) {
-    return numberText(value, {singleDigits, {}});
+    return numberText(value, {singleDigits});
+}
+
+void appendPlainText(std::string& bytes, float value) {
+    appendNumber(bytes, value, {singleDigits});
+}
+
+void appendPlainText(std::string& bytes, double value) {
+    appendNumber(bytes, value, {doubleDigits});
+}
+
+void appendPlainTextOfSeven(std::string& bytes, double value) {
+    appendNumber(bytes, value, {singleDigits});
 }
 
 Text printText(float value) {
-    return numberText(value, {singleDigits, u" "});
+    return numberText(value, {singleDigits, true});
 }
 
 Text printText(double value) {
-    return numberText(value, {doubleDigits, u" "});
+    return numberText(value, {doubleDigits, true});
 }
 
 double wholeMaskValue(double value) {
@@ -270,7 +292,7 @@ double wholeMaskValue(double value) {
 }
 
 Text wholeMask(double value, std::size_t minimumDigits) {
-    return numberText(wholeMaskValue(value), {doubleDigits, {}, minimumDigits});
+    return numberText(wholeMaskValue(value), {doubleDigits, false, minimumDigits});
 }
 
 Text fiveDecimalMask(double value) {

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 
 namespace orbisgrid {
 
@@ -40,6 +41,11 @@ namespace orbisgrid {
 /// The plain form of a double with the 7 digits of a single: for texts made of a value before it is
 /// stored as single, where rounding to single first would change the seventh digit.
 [[nodiscard]] Text plainTextOfSeven(double value);
+
+/// The same three behind the bytes of a file. Nothing is allocated while `bytes` has room.
+void appendPlainText(std::string& bytes, float value);
+void appendPlainText(std::string& bytes, double value);
+void appendPlainTextOfSeven(std::string& bytes, double value);
 
 /// The signed print form: the plain form with a blank in front of a value that is not negative.
 [[nodiscard]] Text printText(float value);

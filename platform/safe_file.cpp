@@ -14,6 +14,7 @@
 #include <cstdio>
 #include <ctime>
 #include <memory>
+#include <utility>
 
 namespace orbisgrid {
 
@@ -56,8 +57,33 @@ std::optional<struct stat> statusOf(const std::string& path) {
     return status;
 }
 
-bool writeAll(const FileDescriptor& file, std::string_view bytes) {
-    off_t offset = 0;
+/// The file that a path leads to, and what it is now: nothing where it is to be made.
+struct Target {
+    std::string path;
+    std::optional<struct stat> old;
+};
+
+/// Nothing, with the reason in errno, where there may be no other content: links in a circle, a
+/// file that may not be written, anything but a regular file.
+std::optional<Target> targetOf(const std::string& path) {
+    std::optional<std::string> target = behindLinks(path);
+    if (!target) {
+        errno = ELOOP;
+        return std::nullopt;
+    }
+    const std::optional<struct stat> old = statusOf(*target);
+    if (!old && errno != ENOENT)
+        return std::nullopt; // there may be a file, and nobody knows its mode
+    if (old && !S_ISREG(old->st_mode)) {
+        errno = S_ISDIR(old->st_mode) ? EISDIR : EINVAL;
+        return std::nullopt;
+    }
+    if (old && ::access(target->c_str(), W_OK) != 0)
+        return std::nullopt;
+    return Target{std::move(*target), old};
+}
+
+bool writeAll(const FileDescriptor& file, std::string_view bytes, off_t offset = 0) {
     while (!bytes.empty()) {
         const ssize_t written = ::pwrite(file.get(), bytes.data(), bytes.size(), offset);
         if (written < 0 && errno == EINTR)
@@ -119,8 +145,17 @@ public:
     explicit operator bool() const { return bool(m_file); }
 
     bool fill(std::string_view bytes, const std::optional<struct stat>& old, Flush flush) {
-        return takeOver(old) && writeAll(m_file, bytes) && isFlushed(m_file, flush);
+        return takeOver(old) && append(bytes) && isFlushed(m_file, flush);
     }
+
+    bool append(std::string_view bytes) {
+        if (!writeAll(m_file, bytes, m_size))
+            return false;
+        m_size += static_cast<off_t>(bytes.size());
+        return true;
+    }
+
+    bool flush() const { return isFlushed(m_file, Flush::beforeReturning); }
 
     bool putInPlace(const std::string& target) {
         if (::rename(m_path.c_str(), target.c_str()) != 0)
@@ -129,7 +164,6 @@ public:
         return true;
     }
 
-private:
     /// Owner and group are taken over as far as the system allows it, the mode always. In this
     /// order: a change of owner drops bits of the mode.
     bool takeOver(const std::optional<struct stat>& old) {
@@ -141,8 +175,10 @@ private:
         return ::fchmod(m_file.get(), old->st_mode & 07777U) == 0;
     }
 
+private:
     std::string m_path;
     FileDescriptor m_file;
+    off_t m_size = 0;
 };
 
 enum class Outcome { saved, failed, noSecondFile };
@@ -249,24 +285,58 @@ bool isMissing(const std::string& path) {
 }
 
 bool saveFile(const std::string& path, std::string_view bytes, Flush flush) {
-    const std::optional<std::string> target = behindLinks(path);
+    const std::optional<Target> target = targetOf(path);
     if (!target)
         return false;
-    const std::optional<struct stat> old = statusOf(*target);
-    if (!old && errno != ENOENT)
-        return false; // there may be a file, and nobody knows its mode
-    if (old && (!S_ISREG(old->st_mode) || ::access(target->c_str(), W_OK) != 0))
-        return false;
-    switch (replaceFile(*target, old, bytes, flush)) {
+    switch (replaceFile(target->path, target->old, bytes, flush)) {
     case Outcome::saved:
-        removeLeftovers(split(*target));
+        removeLeftovers(split(target->path));
         return true;
     case Outcome::noSecondFile:
-        return old && writeDirectly(*target, bytes, flush);
+        return target->old && writeDirectly(target->path, bytes, flush);
     case Outcome::failed:
         break;
     }
     return false;
+}
+
+struct FileReplacement::State {
+    explicit State(Target replaced)
+        : target(std::move(replaced))
+        , second(split(target.path)) {}
+
+    Target target;
+    SecondFile second;
+};
+
+FileReplacement::FileReplacement(const std::string& path) {
+    const std::optional<Target> target = targetOf(path);
+    if (target)
+        m_state = std::make_unique<State>(*target);
+    keep(target && m_state->second && m_state->second.takeOver(target->old));
+}
+
+FileReplacement::~FileReplacement() = default;
+
+bool FileReplacement::write(std::string_view bytes) {
+    return m_error == 0 && keep(m_state->second.append(bytes));
+}
+
+bool FileReplacement::finish() {
+    if (m_error != 0)
+        return false;
+    const std::string& path = m_state->target.path;
+    if (!keep(m_state->second.flush() && m_state->second.putInPlace(path)))
+        return false;
+    flushFolder(split(path).folder);
+    removeLeftovers(split(path));
+    return true;
+}
+
+bool FileReplacement::keep(bool isDone) {
+    if (!isDone)
+        m_error = errno;
+    return isDone;
 }
 
 bool isSavable(const std::string& path) {

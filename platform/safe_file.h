@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -32,6 +33,41 @@ enum class Flush { beforeReturning, later };
 /// Result: whether the file now holds `bytes`; if not, it holds what it held.
 bool saveFile(const std::string& path, std::string_view bytes,
               Flush flush = Flush::beforeReturning);
+
+/// The same for content that comes piece by piece: the second file grows with it, and takes the
+/// file's place at the end. Whoever reads the old content meanwhile reads it to its end. Nothing is
+/// ever written directly: where no second file can be made, there is no replacement.
+class FileReplacement {
+public:
+    /// Makes the second file; `error` says whether that could be done.
+    explicit FileReplacement(const std::string& path);
+
+    FileReplacement(const FileReplacement&) = delete;
+    FileReplacement& operator=(const FileReplacement&) = delete;
+    FileReplacement(FileReplacement&&) = delete;
+    FileReplacement& operator=(FileReplacement&&) = delete;
+
+    /// What is not finished is gone, and the file as it was.
+    ~FileReplacement();
+
+    /// Puts `bytes` behind what was written before. Result: false once something has failed.
+    bool write(std::string_view bytes);
+
+    /// Puts the new content in the file's place, when the disk has it. To be called once.
+    /// Result: whether it is there; if not, the file holds what it held.
+    bool finish();
+
+    /// 0, or the system's number for what failed first.
+    int error() const { return m_error; }
+
+private:
+    struct State;
+
+    bool keep(bool isDone);
+
+    std::unique_ptr<State> m_state;
+    int m_error = 0;
+};
 
 /// Far longer than a save takes, even on a sleeping network disk.
 inline constexpr int leftoverAgeSeconds = 600;

@@ -99,6 +99,26 @@ TEST(LocatorOf, IsWorld2GridLatitudeFirst) {
     EXPECT_EQ(raisedCode([] { (void)locatorOf({50, 1e9}); }), 6);
 }
 
+class LongerLocatorTest : public testing::TestWithParam<Row> {};
+
+TEST_P(LongerLocatorTest, HasFurtherPairsThatAreCut) {
+    const Row& row = GetParam();
+    const Position position{row.number("latitude"), row.number("longitude")};
+    EXPECT_EQ(toUtf8(locatorOf(position, 6)), row["ten"].substr(0, 6));
+    EXPECT_EQ(toUtf8(locatorOf(position, 8)), row["eight"]);
+    EXPECT_EQ(toUtf8(locatorOf(position, 10)), row["ten"]);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, LongerLocatorTest,
+                         testing::ValuesIn(test::readTable("maidenhead_pairs.tsv")),
+                         test::testName);
+
+TEST(CentreOfSix, IsNotStoredAsSingle) {
+    EXPECT_NEAR(centreOfSix(u"JO20AW").longitude, 4 + 1 / 24.0, 1e-13);
+    EXPECT_NE(centreOfSix(u"JO20AW").longitude, static_cast<float>(4 + 1 / 24.0));
+    EXPECT_EQ(centreOfSix(u"JO20AW").latitude, 50.9375);
+}
+
 class World2MaidenTest : public testing::TestWithParam<Row> {};
 
 TEST_P(World2MaidenTest, CountsLongitudeTowardsTheWest) {

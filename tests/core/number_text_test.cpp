@@ -37,6 +37,16 @@ TEST_P(NumberTextTest, HasSevenOrFifteenDigits) {
     EXPECT_EQ(toUtf8(plainText(value)), row["double"]);
 }
 
+TEST_P(NumberTextTest, IsTheSameBehindBytes) {
+    const Row& row = GetParam();
+    const double value = row.number("value");
+    std::string bytes = "\t";
+    appendPlainText(bytes, static_cast<float>(value));
+    appendPlainTextOfSeven(bytes += ',', value);
+    appendPlainText(bytes += ',', value);
+    EXPECT_EQ(bytes, "\t" + row["single"] + "," + row["seven"] + "," + row["double"]);
+}
+
 TEST_P(NumberTextTest, PrintFormHasABlankInFrontUnlessNegative) {
     const double value = GetParam().number("value");
     const Text inFront = value < 0 ? u"" : u" ";

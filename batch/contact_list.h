@@ -1,0 +1,32 @@
+#pragma once
+
+#include "batch/list.h"
+#include "records/adif.h"
+
+#include <string>
+
+namespace orbisgrid {
+
+/// Contacts of an ADIF log. The target is GRIDSQUARE with its GRIDSQUARE_EXT, or else the place of
+/// LAT and LON; Home is MY_GRIDSQUARE. Fields that a contact has stay, or are written anew; others
+/// are added before its end.
+class ContactList : public List {
+public:
+    ContactList(RecordWindow& window, Task& task, const ListOptions& options);
+
+    Question question() override;
+    void write(std::string& bytes, const Question& question, const Values* values) override;
+    void addMembers(JsonLine& object) override;
+
+protected:
+    Reading read(Record& record) override { return m_reader.next(record); }
+
+private:
+    std::string_view valueOf(std::string_view name) const;
+
+    AdifReader m_reader;
+    std::string m_target; ///< of two fields
+    ContactFields m_fields;
+};
+
+} // namespace orbisgrid

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "batch/convert.h"
+#include "batch/distance.h"
+#include "batch/run.h"
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace orbisgrid {
+
+/// What the program is asked for.
+enum class Command { none, distance, convert };
+
+/// One option of the program: the one place from which its help, its manual page and its completion
+/// have it.
+struct OptionRow {
+    std::string_view name;     ///< behind "--"; empty where it has a letter alone
+    char letter = 0;           ///< behind "-"; 0: none
+    std::string_view argument; ///< what it takes, for people; empty: nothing
+    bool isOfDistance = true;
+    bool isOfConvert = true;
+    std::string_view meaning;
+};
+
+[[nodiscard]] std::span<const OptionRow> optionTable();
+
+/// Whether a command knows an option.
+[[nodiscard]] bool isOptionOf(const OptionRow& option, Command command);
+
+/// What a command line says.
+struct Invocation {
+    Command command = Command::none;
+    std::string shown; ///< help or version, to be printed instead of doing anything
+    std::string wrong; ///< why the command line is none, in one line; empty if it is one
+    RunOptions run;
+    DistanceOptions distance;
+    ConvertOptions convert;
+    std::string outputFile;         ///< empty: standard output
+    std::vector<std::string> files; ///< "-": standard input; one at least
+};
+
+/// Reads the arguments of main(). What is wrong with them stands in the result.
+[[nodiscard]] Invocation readInvocation(std::span<char* const> arguments);
+
+/// The text of --help.
+[[nodiscard]] std::string helpText(Command command);
+
+} // namespace orbisgrid

@@ -1,0 +1,118 @@
+#include "batch/program.h"
+
+#include "batch/options.h"
+#include "platform/byte_stream.h"
+
+#include <cerrno>
+#include <memory>
+#include <string>
+
+namespace orbisgrid {
+
+namespace {
+
+constexpr int standardInput = 0;
+constexpr int standardOutput = 1;
+constexpr int standardError = 2;
+
+/// A file that is open.
+class FileSource : public ByteSource {
+public:
+    explicit FileSource(FileDescriptor file)
+        : m_file(std::move(file)) {}
+
+    std::optional<std::size_t> read(std::span<char> room) override {
+        return readNext(m_file, room);
+    }
+
+    const FileDescriptor& file() const { return m_file; }
+
+private:
+    FileDescriptor m_file;
+};
+
+std::unique_ptr<Task> taskOf(const Invocation& call) {
+    if (call.command == Command::distance)
+        return std::make_unique<DistanceTask>(call.distance);
+    return std::make_unique<ConvertTask>(call.convert);
+}
+
+FileDescriptor opened(const std::string& name) {
+    return name == "-" ? FileDescriptor(standardInput) : openToRead(name);
+}
+
+/// The bytes of all files; nothing where one does not say.
+std::optional<std::uint64_t> totalOf(const std::vector<std::string>& names) {
+    std::uint64_t total = 0;
+    for (const std::string& name : names) {
+        // Its own descriptor: the one of the standard input is needed again.
+        const FileDescriptor file = openToRead(name == "-" ? "/dev/stdin" : name);
+        const auto size = file ? sizeOf(file) : std::nullopt;
+        if (!size)
+            return std::nullopt;
+        total += *size;
+    }
+    return total;
+}
+
+void processAll(const Invocation& call, Run& run) {
+    for (const std::string& name : call.files) {
+        FileSource source(opened(name));
+        if (!source.file()) {
+            run.fail(name, reasonOf(errno));
+            return;
+        }
+        if (!run.process(source, name == "-" ? "standard input" : name))
+            return;
+    }
+}
+
+int work(const Invocation& call, ByteSink& output, StreamSink& messages) {
+    Progress::Show show;
+    if (isTerminal(messages.stream()))
+        show = [&messages](const std::string& bytes) { std::ignore = messages.write(bytes); };
+    Progress progress(show, std::chrono::steady_clock::now);
+    if (show)
+        progress.setTotal(totalOf(call.files));
+    const auto task = taskOf(call);
+    Run run(call.run, *task, output, messages, progress);
+    processAll(call, run);
+    return static_cast<int>(run.finish());
+}
+
+int print(const std::string& text) {
+    StreamSink output(standardOutput);
+    int error = output.write(text);
+    if (error == 0)
+        error = output.finish();
+    if (error == 0 || error == EPIPE)
+        return 0;
+    StreamSink(standardError).write("orbisgrid-batch: standard output: " + reasonOf(error) + "\n");
+    return static_cast<int>(Status::failed);
+}
+
+} // namespace
+
+int runProgram(std::span<char* const> arguments) {
+    const Invocation call = readInvocation(arguments);
+    if (!call.wrong.empty()) {
+        std::ignore = StreamSink(standardError).write(call.wrong + "\n");
+        return static_cast<int>(Status::failed);
+    }
+    if (!call.shown.empty())
+        return print(call.shown);
+    StreamSink messages(standardError);
+    if (call.outputFile.empty()) {
+        StreamSink output(standardOutput);
+        return work(call, output, messages);
+    }
+    FileSink output(call.outputFile);
+    if (output.error() != 0) {
+        std::ignore = messages.write("orbisgrid-batch: " + call.outputFile + ": " +
+                                     reasonOf(output.error()) + "\n");
+        return static_cast<int>(Status::failed);
+    }
+    return work(call, output, messages);
+}
+
+} // namespace orbisgrid

@@ -1,0 +1,268 @@
+#include "batch/run.h"
+
+#include "platform/byte_stream.h"
+#include "records/record_window.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <tuple>
+
+namespace orbisgrid {
+
+namespace {
+
+/// So much is written at a time where one block that was read gives more.
+constexpr std::size_t fullBlock = std::size_t{1} << 18U;
+
+std::string_view unitOf(Format format) {
+    switch (format) {
+    case Format::csv:
+    case Format::tsv:
+        return "row";
+    case Format::adif:
+        return "contact";
+    case Format::lines:
+    case Format::json:
+        break;
+    }
+    return "line";
+}
+
+/// A part of somebody's file, or its name, as one line of a terminal can show it.
+std::string printable(std::string_view text) {
+    std::string line(text);
+    std::replace_if(
+        line.begin(), line.end(),
+        [](char byte) { return (byte >= 0 && byte < ' ') || byte == '\x7F'; }, '?');
+    return line;
+}
+
+std::string shortened(std::string_view text) {
+    constexpr std::size_t most = 60;
+    return printable(text.substr(0, most)) + (text.size() > most ? "..." : "");
+}
+
+} // namespace
+
+/// Writes what is there before it waits for more: a line that comes through a pipe is answered at
+/// once, and one of a file with all others of its block.
+class Run::WatchedSource : public ByteSource {
+public:
+    WatchedSource(Run& run, ByteSource& source)
+        : m_run(run)
+        , m_source(source) {}
+
+    std::optional<std::size_t> read(std::span<char> room) override {
+        m_run.m_progress.update(m_run.m_done);
+        if (!m_run.flush())
+            return std::nullopt;
+        const auto count = m_source.read(room);
+        m_run.m_done.bytes += count.value_or(0);
+        return count;
+    }
+
+private:
+    Run& m_run;
+    ByteSource& m_source;
+};
+
+Run::Run(const RunOptions& options, Task& task, ByteSink& output, ByteSink& messages,
+         Progress& progress)
+    : m_options(options)
+    , m_task(task)
+    , m_output(output)
+    , m_messages(messages)
+    , m_progress(progress)
+    , m_values(task.columns().size()) {}
+
+bool Run::process(ByteSource& source, const std::string& name) {
+    WatchedSource watched(*this, source);
+    RecordWindow window(watched);
+    const auto format = formatOf(window, name);
+    if (!format)
+        return false;
+    if (m_options.output && *m_options.output != Format::json && *m_options.output != *format) {
+        fail(name, "a list of the format " + std::string(nameOf(*format)) +
+                       " can be written as it is, or as json");
+        return false;
+    }
+    m_unit = unitOf(*format);
+    const auto list = makeList(*format, window, m_task, m_options.list);
+    return processRecords(*list, name, m_options.output == Format::json);
+}
+
+std::optional<Format> Run::formatOf(RecordWindow& window, const std::string& name) {
+    if (m_options.input)
+        return m_options.input;
+    if (const auto format = formatOfFile(name))
+        return format;
+    if (m_options.list.hasHeader)
+        return Format::lines;
+    const auto isLineThere = [&] { return window.bytes().find('\n') != std::string_view::npos; };
+    std::optional<Reading> failure;
+    while (!failure && !isLineThere() && !window.isWhole() && window.bytes().size() < guessedFrom)
+        failure = window.fetch();
+    const std::string_view begin = window.bytes().substr(window.markLength());
+    if (!failure && beginsWithPlace(begin.substr(0, begin.find('\n'))))
+        return Format::lines;
+    if (!failure)
+        failure = window.fetchUntil(guessedFrom);
+    if (failure) {
+        if (!m_isStopped) // what could not be written has said so
+            fail(name, reasonOf(errno));
+        return std::nullopt;
+    }
+    std::vector<std::string_view> columns = m_task.targetColumns();
+    columns.insert(columns.end(), {"my_gridsquare", "home"});
+    if (!m_options.list.targetColumn.empty())
+        columns = {m_options.list.targetColumn};
+    return guessedFormat(window.bytes().substr(window.markLength(), guessedFrom), columns);
+}
+
+bool Run::processRecords(List& list, const std::string& name, bool isJson) {
+    for (;;) {
+        switch (list.next()) {
+        case Reading::end:
+            return true;
+        case Reading::tooLong:
+            fail(name + ":" + std::to_string(list.record().line),
+                 "too long to be a " + std::string(m_unit));
+            return false;
+        case Reading::unreadable:
+            if (!m_isStopped)
+                fail(name, reasonOf(errno));
+            return false;
+        case Reading::record:
+            break;
+        }
+        if (list.record().isData) {
+            if (!answer(list, name, isJson))
+                return false;
+        } else {
+            if (!isJson)
+                list.pass(m_out);
+            if (const std::string problem = list.problem(); !problem.empty()) {
+                fail(name, problem);
+                return false;
+            }
+        }
+        if (m_out.size() >= fullBlock && !flush())
+            return false;
+    }
+}
+
+bool Run::answer(List& list, const std::string& name, bool isJson) {
+    ++m_done.lines;
+    const Question question = list.question();
+    const Answer answer = question.refusal.empty() ? m_task.answer(question, m_values)
+                                                   : Answer{question.refusal, {}, question.target};
+    if (!answer.refusal.empty()) {
+        ++m_refused;
+        sayOf(list.record(), name, answer.refusal, answer.text);
+        if (m_options.isStrict)
+            return stop(Status::someRefused);
+    } else if (!answer.remark.empty()) {
+        sayOf(list.record(), name, answer.remark, answer.text);
+    }
+    if (isJson)
+        writeJson(list, question, answer.refusal);
+    else
+        list.write(m_out, question, answer.refusal.empty() ? &m_values : nullptr);
+    return true;
+}
+
+void Run::writeJson(List& list, const Question& /*question*/, std::string_view refusal) {
+    JsonLine object(m_out);
+    list.addMembers(object);
+    for (std::size_t i = 0; i < m_values.size() && refusal.empty(); ++i) {
+        const Column& column = m_task.columns()[i];
+        if (list.hasOwn(i))
+            continue;
+        if (column.isNumber)
+            object.addNumber(column.name, m_values[i]);
+        else
+            object.addText(column.name, m_values[i]);
+    }
+    if (!refusal.empty())
+        object.addText("error", refusal);
+    object.end();
+}
+
+void Run::sayOf(const Record& record, const std::string& name, std::string_view what,
+                std::string_view text) {
+    if (m_options.isQuiet)
+        return;
+    std::string line = printable(name) + ":" + std::to_string(record.line) + ": ";
+    line += what;
+    if (!text.empty())
+        (line += " (").append(shortened(text)) += ')';
+    say(line);
+}
+
+void Run::say(std::string_view line) {
+    m_said += line;
+    m_said += '\n';
+    if (m_said.size() >= fullBlock)
+        std::ignore = flush();
+}
+
+void Run::fail(const std::string& name, const std::string& reason) {
+    say("orbisgrid-batch: " + printable(name) + ": " + reason);
+    std::ignore = stop(Status::failed);
+}
+
+bool Run::stop(Status status) {
+    m_status = status;
+    m_isStopped = true;
+    return false;
+}
+
+/// Result: false where the output cannot be written, which has been said then.
+bool Run::flush() {
+    if (!m_said.empty()) {
+        m_progress.erase();
+        std::ignore = m_messages.write(m_said); // where not, there is nobody to be told
+        m_said.clear();
+    }
+    const int error = m_out.empty() ? 0 : m_output.write(m_out);
+    m_out.clear();
+    if (error != 0)
+        loseOutput(error);
+    return error == 0;
+}
+
+void Run::loseOutput(int error) {
+    m_isOutputLost = true;
+    if (error == EPIPE)
+        std::ignore = stop(Status::brokenPipe);
+    else
+        fail(m_options.outputName, reasonOf(error));
+}
+
+Status Run::finish() {
+    if (m_isOutputLost || !flush())
+        return end();
+    if (m_isStopped)
+        return end();
+    if (m_refused > 0) {
+        m_status = Status::someRefused;
+        if (!m_options.isQuiet)
+            say(grouped(m_done.lines) + " " + std::string(m_unit) +
+                (m_done.lines == 1 ? ", " : "s, ") + grouped(m_refused) + " refused");
+    }
+    if (const int error = m_output.finish(); error != 0)
+        loseOutput(error);
+    return end();
+}
+
+/// The last words.
+Status Run::end() {
+    m_progress.erase();
+    if (!m_said.empty())
+        std::ignore = m_messages.write(m_said);
+    m_said.clear();
+    return m_status;
+}
+
+} // namespace orbisgrid

@@ -1,0 +1,116 @@
+#include "records/format.h"
+
+#include "records/adif.h"
+#include "records/csv.h"
+#include "records/lines.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <utility>
+
+namespace orbisgrid {
+
+namespace {
+
+constexpr std::array<std::pair<Format, std::string_view>, 5> names{{{Format::lines, "lines"},
+                                                                    {Format::csv, "csv"},
+                                                                    {Format::tsv, "tsv"},
+                                                                    {Format::adif, "adif"},
+                                                                    {Format::json, "json"}}};
+
+constexpr std::array<std::pair<std::string_view, Format>, 4> endings{{{".csv", Format::csv},
+                                                                      {".tsv", Format::tsv},
+                                                                      {".adi", Format::adif},
+                                                                      {".adif", Format::adif}}};
+
+char small(char character) {
+    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a')
+                                                : character;
+}
+
+bool isSame(std::string_view text, std::string_view smallText) {
+    return std::equal(text.begin(), text.end(), smallText.begin(), smallText.end(),
+                      [](char one, char other) { return small(one) == other; });
+}
+
+/// The bytes, read once from the beginning.
+class Bytes : public ByteSource {
+public:
+    explicit Bytes(std::string_view bytes)
+        : m_bytes(bytes) {}
+
+    std::optional<std::size_t> read(std::span<char> room) override {
+        const std::size_t count = std::min(room.size(), m_bytes.size());
+        std::copy_n(m_bytes.begin(), count, room.begin());
+        m_bytes.remove_prefix(count);
+        return count;
+    }
+
+private:
+    std::string_view m_bytes;
+};
+
+/// Whether the first row of the table that `bytes` would be names one of the columns.
+bool isTable(std::string_view bytes, char separator, std::span<const std::string_view> columns) {
+    Bytes source(bytes);
+    RecordWindow window(source);
+    CsvReader reader(window, separator);
+    Record record;
+    if (reader.next(record) != Reading::record)
+        return false;
+    return std::any_of(record.fields.begin(), record.fields.end(), [&](const Field& field) {
+        return std::any_of(columns.begin(), columns.end(),
+                           [&](std::string_view column) { return isColumn(field.value, column); });
+    });
+}
+
+} // namespace
+
+std::string_view nameOf(Format format) {
+    return names.at(static_cast<std::size_t>(format)).second;
+}
+
+std::optional<Format> formatNamed(std::string_view name) {
+    for (const auto& [format, itsName] : names) {
+        if (name == itsName)
+            return format;
+    }
+    return std::nullopt;
+}
+
+std::optional<Format> formatOfFile(std::string_view path) {
+    for (const auto& [ending, format] : endings) {
+        if (path.size() > ending.size() && isSame(path.substr(path.size() - ending.size()), ending))
+            return format;
+    }
+    return std::nullopt;
+}
+
+Format guessedFormat(std::string_view bytes, std::span<const std::string_view> columns) {
+    if (isTable(bytes, ',', columns))
+        return Format::csv;
+    if (isTable(bytes, '\t', columns))
+        return Format::tsv;
+    return holdsAdif(bytes) ? Format::adif : Format::lines;
+}
+
+bool beginsWithPlace(std::string_view line) {
+    constexpr std::string_view digits = "0123456789";
+    const std::string_view text = withoutBlanks(line);
+    if (text.empty())
+        return false;
+    if (digits.find(text.front()) != std::string_view::npos || text.find_first_of("=+-") == 0)
+        return true;
+    const auto isLetter = [](char character) {
+        return small(character) >= 'a' && small(character) <= 'z';
+    };
+    return text.size() >= 4 && isLetter(text[0]) && isLetter(text[1]) &&
+           text.find_first_not_of(digits, 2) >= 4;
+}
+
+bool isColumn(std::string_view name, std::string_view small) {
+    return isSame(withoutBlanks(name), small);
+}
+
+} // namespace orbisgrid

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "records/record_window.h"
+
+#include <optional>
+#include <span>
+#include <string_view>
+
+namespace orbisgrid {
+
+/// The forms of a list.
+enum class Format { lines, csv, tsv, adif, json };
+
+/// The name of a format, as the options have it.
+[[nodiscard]] std::string_view nameOf(Format format);
+
+/// The format of this name; nothing for another text.
+[[nodiscard]] std::optional<Format> formatNamed(std::string_view name);
+
+/// The format that the end of a file's name stands for: .csv, .tsv, .adi, .adif in any case.
+/// Nothing for other names.
+[[nodiscard]] std::optional<Format> formatOfFile(std::string_view path);
+
+/// So many bytes are looked at to guess a format.
+inline constexpr std::size_t guessedFrom = 4096;
+
+/// The format of a file that begins with `bytes` (`guessedFrom` of them, or all there are). A first
+/// line with one of `columns` (small letters) among its fields is the header of a table; a
+/// field specifier anywhere means ADIF; all else is `lines`.
+[[nodiscard]] Format guessedFormat(std::string_view bytes,
+                                   std::span<const std::string_view> columns);
+
+/// Whether a line begins as no header does: with a digit, a sign, "=", or two letters and two
+/// digits. A file whose first line does is one of `lines`, and nobody has to wait for more of it.
+[[nodiscard]] bool beginsWithPlace(std::string_view line);
+
+/// Whether `name` is `small`, which is in small letters, in any case and between blanks.
+[[nodiscard]] bool isColumn(std::string_view name, std::string_view small);
+
+} // namespace orbisgrid

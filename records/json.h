@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace orbisgrid {
+
+/// Writes one object of JSON (RFC 8259) on a line of its own behind `bytes`.
+class JsonLine {
+public:
+    explicit JsonLine(std::string& bytes)
+        : m_bytes(bytes) {}
+
+    /// A text: UTF-8, or Windows-1252 where it is not, as programs of that time write.
+    void addText(std::string_view key, std::string_view value);
+
+    /// A number as it is written, with a digit in front of its point; null where it is empty.
+    void addNumber(std::string_view key, std::string_view value);
+
+    /// Ends the object and the line. To be called once.
+    void end();
+
+private:
+    void addKey(std::string_view key);
+    void addString(std::string_view value);
+
+    std::string& m_bytes;
+    bool m_isFirst = true;
+};
+
+} // namespace orbisgrid

@@ -1,0 +1,55 @@
+#include "records/record_window.h"
+
+#include <algorithm>
+#include <span>
+
+namespace orbisgrid {
+
+namespace {
+
+/// Bytes at a time: with more, a file is not read quicker.
+constexpr std::size_t block = std::size_t{1} << 16U;
+
+} // namespace
+
+std::optional<Reading> RecordWindow::fetch() {
+    if (bytes().size() > longestRecord)
+        return Reading::tooLong;
+    makeRoom();
+    const auto count = m_source.read(std::span(m_buffer).subspan(m_end));
+    if (!count)
+        return Reading::unreadable;
+    m_end += *count;
+    m_isWhole = *count == 0;
+    return std::nullopt;
+}
+
+std::optional<Reading> RecordWindow::fetchUntil(std::size_t count) {
+    std::optional<Reading> failure;
+    while (!failure && !m_isWhole && bytes().size() < count)
+        failure = fetch();
+    return failure;
+}
+
+void RecordWindow::makeRoom() {
+    std::copy(m_buffer.begin() + static_cast<std::ptrdiff_t>(m_begin),
+              m_buffer.begin() + static_cast<std::ptrdiff_t>(m_end), m_buffer.begin());
+    m_end -= m_begin;
+    m_begin = 0;
+    if (m_buffer.size() < m_end + block)
+        m_buffer.resize(std::max(m_end + block, m_end * 2));
+}
+
+void RecordWindow::take(std::size_t count) {
+    const std::string_view taken = bytes().substr(0, count);
+    m_line += static_cast<std::size_t>(std::count(taken.begin(), taken.end(), '\n'));
+    m_begin += count;
+    m_isAtStart = false;
+}
+
+std::size_t RecordWindow::markLength() const {
+    constexpr std::string_view mark = "\xEF\xBB\xBF";
+    return m_isAtStart && bytes().starts_with(mark) ? mark.size() : 0;
+}
+
+} // namespace orbisgrid
