@@ -51,12 +51,11 @@ public:
     }
 
 private:
+    /// A comma is a point between two digits of one number and nowhere else.
     bool isPoint(std::size_t at) const {
-        if (at >= m_text.size())
-            return false;
-        if (m_text[at] == u'.')
-            return true;
-        return m_comma == Comma::point && m_text[at] == u',' && at > 0 && isDigit(m_text[at - 1]) &&
+        if (at >= m_text.size() || m_text[at] == u'.')
+            return at < m_text.size();
+        return m_comma == Comma::point && m_text[at] == u',' && at > m_at &&
                at + 1 < m_text.size() && isDigit(m_text[at + 1]);
     }
 

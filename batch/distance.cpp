@@ -7,6 +7,7 @@
 #include "records/lines.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <numbers>
 #include <utility>
@@ -30,10 +31,15 @@ enum : std::size_t {
 
 constexpr std::string_view invalidLocator = "Invalid locator!";
 
-/// What a locator's box holds of it.
+/// What a locator's box holds of it. Calculate takes blanks away, and no tabs.
 std::string_view inItsBox(std::string_view locator) {
     constexpr std::size_t boxLength = 6;
-    return withoutBlanks(locator).substr(0, boxLength);
+    while (locator.starts_with(' '))
+        locator.remove_prefix(1);
+    locator = locator.substr(0, boxLength);
+    while (locator.ends_with(' '))
+        locator.remove_suffix(1);
+    return locator;
 }
 
 /// A byte that is none of ASCII is no locator character, whatever letter it is part of.
@@ -54,6 +60,13 @@ void setNumber(std::string& value, double number) {
 void setCoordinate(std::string& value, double coordinate) {
     value.clear();
     appendPlainText(value, static_cast<float>(coordinate));
+}
+
+/// What the text of a number is worth.
+double numberIn(const std::string& text) {
+    double number = 0;
+    std::from_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);
+    return number;
 }
 
 } // namespace
@@ -138,7 +151,7 @@ Answer DistanceTask::answer(const Question& question, Values& values) {
     setCoordinate(values[targetLongitude], path->target.longitude);
     if (m_options.isLongPath)
         putLongPath(*path, isSame, values);
-    if (m_options.isEllipsoid && !putEllipsoid(*path, values[m_ellipsoidColumn]))
+    if (m_options.isEllipsoid && !putEllipsoid(values))
         return {{}, "No distance on the ellipsoid: nearly opposite points", question.target};
     return {};
 }
@@ -152,9 +165,13 @@ void DistanceTask::putLongPath(const LocatorPath& path, bool isAzimuthNone, Valu
         setNumber(values[longAzimuth], shownAzimuth(back >= 360 ? back - 360 : back));
 }
 
-bool DistanceTask::putEllipsoid(const LocatorPath& path, std::string& value) const {
+/// Between the positions as they are written, so that anybody can work it out from them.
+bool DistanceTask::putEllipsoid(Values& values) const {
+    std::string& value = values[m_ellipsoidColumn];
     value.clear();
-    const VincentyDistance distance = distVincenty(path.home, path.target);
+    const VincentyDistance distance =
+        distVincenty(Position{numberIn(values[homeLatitude]), numberIn(values[homeLongitude])},
+                     Position{numberIn(values[targetLatitude]), numberIn(values[targetLongitude])});
     if (distance.iterationLimitReached)
         return false;
     const double metres = std::round(distance.metres);

@@ -52,7 +52,7 @@ private:
     bool takeHome(std::string_view locator);
     std::optional<LocatorPath> pathTo(const Question& question, TextView target) const;
     void putLongPath(const LocatorPath& path, bool isAzimuthNone, Values& values) const;
-    bool putEllipsoid(const LocatorPath& path, std::string& value) const;
+    bool putEllipsoid(Values& values) const;
 
     DistanceOptions m_options;
     std::vector<Column> m_columns;

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "batch/batch_run.h"
 #include "batch/convert.h"
 #include "batch/distance.h"
-#include "batch/run.h"
 
 #include <span>
 #include <string>

@@ -31,12 +31,6 @@ private:
     FileDescriptor m_file;
 };
 
-std::unique_ptr<Task> taskOf(const Invocation& call) {
-    if (call.command == Command::distance)
-        return std::make_unique<DistanceTask>(call.distance);
-    return std::make_unique<ConvertTask>(call.convert);
-}
-
 FileDescriptor opened(const std::string& name) {
     return name == "-" ? FileDescriptor(standardInput) : openToRead(name);
 }
@@ -55,7 +49,7 @@ std::optional<std::uint64_t> totalOf(const std::vector<std::string>& names) {
     return total;
 }
 
-void processAll(const Invocation& call, Run& run) {
+void processAll(const Invocation& call, BatchRun& run) {
     for (const std::string& name : call.files) {
         FileSource source(opened(name));
         if (!source.file()) {
@@ -74,8 +68,8 @@ int work(const Invocation& call, ByteSink& output, StreamSink& messages) {
     Progress progress(show, std::chrono::steady_clock::now);
     if (show)
         progress.setTotal(totalOf(call.files));
-    const auto task = taskOf(call);
-    Run run(call.run, *task, output, messages, progress);
+    const auto task = makeTask(call);
+    BatchRun run(call.run, *task, output, messages, progress);
     processAll(call, run);
     return static_cast<int>(run.finish());
 }
@@ -92,6 +86,12 @@ int print(const std::string& text) {
 }
 
 } // namespace
+
+std::unique_ptr<Task> makeTask(const Invocation& call) {
+    if (call.command == Command::distance)
+        return std::make_unique<DistanceTask>(call.distance);
+    return std::make_unique<ConvertTask>(call.convert);
+}
 
 int runProgram(std::span<char* const> arguments) {
     const Invocation call = readInvocation(arguments);

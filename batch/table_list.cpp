@@ -21,14 +21,6 @@ std::string enumerated(const std::vector<std::string_view>& names) {
     return text;
 }
 
-std::string inSmallLetters(std::string text) {
-    for (char& character : text) {
-        if (character >= 'A' && character <= 'Z')
-            character = static_cast<char>(character - 'A' + 'a');
-    }
-    return text;
-}
-
 } // namespace
 
 TableList::TableList(RecordWindow& window, char separator, Task& task, const ListOptions& options)
@@ -55,8 +47,8 @@ void TableList::takeHeader(const Record& record) {
     for (std::size_t i = 0; i < m_columns.size(); ++i)
         m_columns[i] = placeOf({task().columns()[i].name});
 
-    const std::string home = inSmallLetters(options().homeColumn);
-    const std::string target = inSmallLetters(options().targetColumn);
+    const std::string& home = options().homeColumn;
+    const std::string& target = options().targetColumn;
     std::vector<std::string_view> homes{"my_gridsquare", "home"};
     if (!home.empty())
         homes = {home};
@@ -89,8 +81,9 @@ std::string_view TableList::valueAt(std::size_t place) const {
 }
 
 Question TableList::question() {
-    Question question{
-        withoutBlanks(valueAt(m_home)), withoutBlanks(valueAt(m_target)), {}, false, {}};
+    Question question{valueAt(m_home), valueAt(m_target), {}, false, {}};
+    if (withoutBlanks(question.home).empty())
+        question.home = {};
     if (record().fields.size() > m_names.size())
         question.refusal = "More fields than the header has!";
     return question;

@@ -56,7 +56,7 @@ public:
     virtual void putFields(const Question& question, const Values& values,
                            ContactFields& fields) = 0;
 
-    /// The columns that a table may have its target in, in small letters.
+    /// The columns that a table may have its target in.
     virtual std::vector<std::string_view> targetColumns() const = 0;
 
     /// Whether a question has a Home beside its target.

@@ -175,12 +175,13 @@ void append(String& text, Decimal decimal, std::size_t minimumDigits) {
     const std::size_t first = text.size();
     const std::size_t point = first + digits - decimals;
     text.resize(first + digits + (decimals > 0 ? 1 : 0), Character{'.'});
-    for (std::size_t i = text.size(); i-- > first;) {
-        if (i == point)
-            continue;
-        text[i] = static_cast<Character>(u'0' + decimal.whole % 10);
-        decimal.whole /= 10;
-    }
+    const auto fill = [&](std::size_t from, std::size_t end, std::uint64_t& whole) {
+        for (std::size_t i = end; i-- > from; whole /= 10)
+            text[i] = static_cast<Character>(u'0' + whole % 10);
+    };
+    if (decimals > 0)
+        fill(point + 1, text.size(), decimal.whole);
+    fill(first, point, decimal.whole);
     text.append(zeros, Character{'0'});
 }
 

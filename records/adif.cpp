@@ -19,13 +19,21 @@ char capital(char character) {
                                                 : character;
 }
 
-/// Names are ASCII letters, digits and underscores in the standard; a program's own hold others.
+/// Which bytes a name may have: ASCII letters, digits and underscores in the standard, and others
+/// in a program's own.
+constexpr std::array<bool, 256> bytesOfNames = [] {
+    std::array<bool, 256> table{};
+    for (std::size_t byte = '!'; byte < 0x7F; ++byte)
+        table.at(byte) = byte != '<' && byte != '>' && byte != ':';
+    return table;
+}();
+
 bool isOfName(char character) {
-    return character > ' ' && character != '<' && character != '>' && character != ':';
+    return bytesOfNames[static_cast<std::uint8_t>(character)];
 }
 
 bool isNamed(std::string_view name, std::string_view capitals) {
-    return name.size() == capitals.size() &&
+    return name.size() == capitals.size() && capital(name.back()) == capitals.back() &&
            std::equal(name.begin(), name.end(), capitals.begin(),
                       [](char one, char other) { return capital(one) == other; });
 }
@@ -184,7 +192,11 @@ private:
 
 std::optional<std::size_t> Scan::run() {
     for (;;) {
-        m_at = m_bytes.find('<', m_at);
+        // Mostly one blank stands between two fields.
+        if (m_at + 1 < m_bytes.size() && m_bytes[m_at + 1] == '<' && m_bytes[m_at] != '<')
+            ++m_at;
+        else
+            m_at = m_bytes.find('<', m_at);
         if (m_at == none)
             return m_isWhole ? std::optional(m_bytes.size()) : std::nullopt;
         const Tag tag = TagParser(m_bytes.substr(m_at), m_isWhole).parse();

@@ -29,9 +29,9 @@ char small(char character) {
                                                 : character;
 }
 
-bool isSame(std::string_view text, std::string_view smallText) {
-    return std::equal(text.begin(), text.end(), smallText.begin(), smallText.end(),
-                      [](char one, char other) { return small(one) == other; });
+bool isSame(std::string_view one, std::string_view other) {
+    return std::equal(one.begin(), one.end(), other.begin(), other.end(),
+                      [](char left, char right) { return small(left) == small(right); });
 }
 
 /// The bytes, read once from the beginning.
@@ -109,8 +109,8 @@ bool beginsWithPlace(std::string_view line) {
            text.find_first_not_of(digits, 2) >= 4;
 }
 
-bool isColumn(std::string_view name, std::string_view small) {
-    return isSame(withoutBlanks(name), small);
+bool isColumn(std::string_view field, std::string_view name) {
+    return isSame(withoutBlanks(field), name);
 }
 
 } // namespace orbisgrid

@@ -25,8 +25,8 @@ enum class Format { lines, csv, tsv, adif, json };
 inline constexpr std::size_t guessedFrom = 4096;
 
 /// The format of a file that begins with `bytes` (`guessedFrom` of them, or all there are). A first
-/// line with one of `columns` (small letters) among its fields is the header of a table; a
-/// field specifier anywhere means ADIF; all else is `lines`.
+/// line with one of `columns` among its fields is the header of a table; a field specifier anywhere
+/// means ADIF; all else is `lines`.
 [[nodiscard]] Format guessedFormat(std::string_view bytes,
                                    std::span<const std::string_view> columns);
 
@@ -34,7 +34,7 @@ inline constexpr std::size_t guessedFrom = 4096;
 /// digits. A file whose first line does is one of `lines`, and nobody has to wait for more of it.
 [[nodiscard]] bool beginsWithPlace(std::string_view line);
 
-/// Whether `name` is `small`, which is in small letters, in any case and between blanks.
-[[nodiscard]] bool isColumn(std::string_view name, std::string_view small);
+/// Whether a field of a header is the name of a column, in any case and between blanks.
+[[nodiscard]] bool isColumn(std::string_view field, std::string_view name);
 
 } // namespace orbisgrid

@@ -4,7 +4,18 @@ namespace orbisgrid {
 
 namespace {
 
-constexpr std::string_view blanks = " \t";
+// By hand, as these texts are a few characters long: a search of the library's is a call for each.
+bool isBlank(char character) {
+    return character == ' ' || character == '\t';
+}
+
+/// The word that `text` begins with.
+std::string_view firstWord(std::string_view text) {
+    std::size_t size = 0;
+    while (size < text.size() && !isBlank(text[size]) && text[size] != ',')
+        ++size;
+    return text.substr(0, size);
+}
 
 } // namespace
 
@@ -17,10 +28,11 @@ std::string_view withoutLineEnd(std::string_view line) {
 }
 
 std::string_view withoutBlanks(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(blanks) + 1 - first);
+    while (!text.empty() && isBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back()))
+        text.remove_suffix(1);
+    return text;
 }
 
 Words wordsOf(std::string_view line) {
@@ -28,10 +40,9 @@ Words wordsOf(std::string_view line) {
     std::string_view rest = withoutBlanks(line);
     bool isBehindComma = false;
     while (!rest.empty() || isBehindComma) {
-        const std::size_t end = rest.find_first_of(" \t,");
-        const std::string_view word = rest.substr(0, end);
+        const std::string_view word = firstWord(rest);
         if (words.count < words.first.size())
-            words.first.at(words.count) = word;
+            words.first[words.count] = word;
         ++words.count;
         rest = withoutBlanks(rest.substr(word.size()));
         isBehindComma = rest.starts_with(',');

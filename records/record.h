@@ -16,9 +16,9 @@ struct Field {
 /// A record as it came: its bytes, and where in them its fields are. It holds until the next one is
 /// read.
 struct Record {
-    std::string_view bytes;   ///< everything, from the byte behind the record before it
-    std::string_view content; ///< what means something: without the mark at the file's beginning,
-                              ///< the line end, the end of a contact
+    std::string_view bytes;    ///< everything, from the byte behind the record before it
+    std::string_view content;  ///< what means something: without the mark at the file's beginning,
+                               ///< the line end, the end of a contact
     std::vector<Field> fields; ///< in their order; none of a record of the format `lines`
     std::size_t line = 0;      ///< the number of the line that it begins in, from 1
     bool isData = false;       ///< otherwise it only passes through: a comment, a header
@@ -46,7 +46,7 @@ public:
     virtual ~RecordReader() = default;
 
     /// The next record goes into `record`, whose memory is used again. One behind the other they
-    /// are the bytes of the file, whatever these are.
+    /// are the bytes of the file, whatever these are. Of one that is too long there is its line.
     virtual Reading next(Record& record) = 0;
 };
 

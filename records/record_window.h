@@ -61,6 +61,7 @@ private:
 /// bytes can decide that.
 template <typename Find>
 Reading takeRecord(RecordWindow& window, Record& record, Find find) {
+    record.line = window.line();
     for (;;) {
         if (window.isWhole() && window.bytes().empty())
             return Reading::end;
@@ -71,7 +72,6 @@ Reading takeRecord(RecordWindow& window, Record& record, Find find) {
             if (length) {
                 record.bytes = window.bytes().substr(0, mark + *length);
                 record.content = record.bytes.substr(mark);
-                record.line = window.line();
                 window.take(record.bytes.size());
                 return Reading::record;
             }

@@ -1,4 +1,4 @@
-#include "batch/run.h"
+#include "batch/batch_run.h"
 
 #include "platform/byte_stream.h"
 #include "records/record_window.h"
@@ -47,9 +47,9 @@ std::string shortened(std::string_view text) {
 
 /// Writes what is there before it waits for more: a line that comes through a pipe is answered at
 /// once, and one of a file with all others of its block.
-class Run::WatchedSource : public ByteSource {
+class BatchRun::WatchedSource : public ByteSource {
 public:
-    WatchedSource(Run& run, ByteSource& source)
+    WatchedSource(BatchRun& run, ByteSource& source)
         : m_run(run)
         , m_source(source) {}
 
@@ -63,12 +63,12 @@ public:
     }
 
 private:
-    Run& m_run;
+    BatchRun& m_run;
     ByteSource& m_source;
 };
 
-Run::Run(const RunOptions& options, Task& task, ByteSink& output, ByteSink& messages,
-         Progress& progress)
+BatchRun::BatchRun(const RunOptions& options, Task& task, ByteSink& output, ByteSink& messages,
+                   Progress& progress)
     : m_options(options)
     , m_task(task)
     , m_output(output)
@@ -76,7 +76,7 @@ Run::Run(const RunOptions& options, Task& task, ByteSink& output, ByteSink& mess
     , m_progress(progress)
     , m_values(task.columns().size()) {}
 
-bool Run::process(ByteSource& source, const std::string& name) {
+bool BatchRun::process(ByteSource& source, const std::string& name) {
     WatchedSource watched(*this, source);
     RecordWindow window(watched);
     const auto format = formatOf(window, name);
@@ -92,7 +92,7 @@ bool Run::process(ByteSource& source, const std::string& name) {
     return processRecords(*list, name, m_options.output == Format::json);
 }
 
-std::optional<Format> Run::formatOf(RecordWindow& window, const std::string& name) {
+std::optional<Format> BatchRun::formatOf(RecordWindow& window, const std::string& name) {
     if (m_options.input)
         return m_options.input;
     if (const auto format = formatOfFile(name))
@@ -120,14 +120,14 @@ std::optional<Format> Run::formatOf(RecordWindow& window, const std::string& nam
     return guessedFormat(window.bytes().substr(window.markLength(), guessedFrom), columns);
 }
 
-bool Run::processRecords(List& list, const std::string& name, bool isJson) {
+bool BatchRun::processRecords(List& list, const std::string& name, bool isJson) {
     for (;;) {
         switch (list.next()) {
         case Reading::end:
             return true;
         case Reading::tooLong:
-            fail(name + ":" + std::to_string(list.record().line),
-                 "too long to be a " + std::string(m_unit));
+            fail(name, std::string(m_unit) + " " + std::to_string(list.record().line) +
+                           " is too long to be one");
             return false;
         case Reading::unreadable:
             if (!m_isStopped)
@@ -152,7 +152,7 @@ bool Run::processRecords(List& list, const std::string& name, bool isJson) {
     }
 }
 
-bool Run::answer(List& list, const std::string& name, bool isJson) {
+bool BatchRun::answer(List& list, const std::string& name, bool isJson) {
     ++m_done.lines;
     const Question question = list.question();
     const Answer answer = question.refusal.empty() ? m_task.answer(question, m_values)
@@ -172,7 +172,7 @@ bool Run::answer(List& list, const std::string& name, bool isJson) {
     return true;
 }
 
-void Run::writeJson(List& list, const Question& /*question*/, std::string_view refusal) {
+void BatchRun::writeJson(List& list, const Question& /*question*/, std::string_view refusal) {
     JsonLine object(m_out);
     list.addMembers(object);
     for (std::size_t i = 0; i < m_values.size() && refusal.empty(); ++i) {
@@ -189,8 +189,8 @@ void Run::writeJson(List& list, const Question& /*question*/, std::string_view r
     object.end();
 }
 
-void Run::sayOf(const Record& record, const std::string& name, std::string_view what,
-                std::string_view text) {
+void BatchRun::sayOf(const Record& record, const std::string& name, std::string_view what,
+                     std::string_view text) {
     if (m_options.isQuiet)
         return;
     std::string line = printable(name) + ":" + std::to_string(record.line) + ": ";
@@ -200,26 +200,26 @@ void Run::sayOf(const Record& record, const std::string& name, std::string_view 
     say(line);
 }
 
-void Run::say(std::string_view line) {
+void BatchRun::say(std::string_view line) {
     m_said += line;
     m_said += '\n';
     if (m_said.size() >= fullBlock)
         std::ignore = flush();
 }
 
-void Run::fail(const std::string& name, const std::string& reason) {
+void BatchRun::fail(const std::string& name, const std::string& reason) {
     say("orbisgrid-batch: " + printable(name) + ": " + reason);
     std::ignore = stop(Status::failed);
 }
 
-bool Run::stop(Status status) {
+bool BatchRun::stop(Status status) {
     m_status = status;
     m_isStopped = true;
     return false;
 }
 
 /// Result: false where the output cannot be written, which has been said then.
-bool Run::flush() {
+bool BatchRun::flush() {
     if (!m_said.empty()) {
         m_progress.erase();
         std::ignore = m_messages.write(m_said); // where not, there is nobody to be told
@@ -232,7 +232,7 @@ bool Run::flush() {
     return error == 0;
 }
 
-void Run::loseOutput(int error) {
+void BatchRun::loseOutput(int error) {
     m_isOutputLost = true;
     if (error == EPIPE)
         std::ignore = stop(Status::brokenPipe);
@@ -240,7 +240,7 @@ void Run::loseOutput(int error) {
         fail(m_options.outputName, reasonOf(error));
 }
 
-Status Run::finish() {
+Status BatchRun::finish() {
     if (m_isOutputLost || !flush())
         return end();
     if (m_isStopped)
@@ -257,7 +257,7 @@ Status Run::finish() {
 }
 
 /// The last words.
-Status Run::end() {
+Status BatchRun::end() {
     m_progress.erase();
     if (!m_said.empty())
         std::ignore = m_messages.write(m_said);

@@ -31,14 +31,14 @@ struct RunOptions {
 };
 
 /// Puts lists through a task, one after the other, and counts.
-class Run {
+class BatchRun {
 public:
     /// Everything is kept as a reference. `messages` are for a person.
-    Run(const RunOptions& options, Task& task, ByteSink& output, ByteSink& messages,
-        Progress& progress);
+    BatchRun(const RunOptions& options, Task& task, ByteSink& output, ByteSink& messages,
+             Progress& progress);
 
-    Run(const Run&) = delete;
-    Run& operator=(const Run&) = delete;
+    BatchRun(const BatchRun&) = delete;
+    BatchRun& operator=(const BatchRun&) = delete;
 
     /// All records of a list, whose name stands in front of each message. Result: whether to go on.
     bool process(ByteSource& source, const std::string& name);

@@ -1,0 +1,225 @@
+// The real executable: its streams, its files and its exit status.
+
+#include "tests/platform/temporary_folder.h"
+#include "tests/support/child.h"
+
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <csignal>
+#include <cstdlib>
+
+namespace orbisgrid {
+
+namespace {
+
+using test::shell;
+using test::ShellResult;
+using test::TemporaryFolder;
+
+const std::string program = ORBISGRID_BATCH;
+const std::string resultOfFn42 = "\t5625\t3513\t292\t50.47917\t4.958333\t42.47917\t-71.04166";
+
+ShellResult run(const std::string& arguments) {
+    return shell(program + " " + arguments + " 2>&1");
+}
+
+TEST(BatchProgram, ReadsFilesAndTheStandardInput) {
+    const TemporaryFolder folder;
+    const std::string path = folder.make("a.txt", "JO20 FN42\n");
+    const std::string line = "JO20 FN42" + resultOfFn42 + "\n";
+    EXPECT_EQ(run("distance " + path).output, line);
+    EXPECT_EQ(run("distance < " + path).output, line);
+    EXPECT_EQ(run("distance - < " + path).output, line);
+    EXPECT_EQ(run("distance " + path + " - " + path + " < " + path).output, line + line + line);
+    EXPECT_EQ(run("distance < /dev/null").output, "");
+    EXPECT_EQ(run("distance < /dev/null").status, 0);
+}
+
+TEST(BatchProgram, ItsStatusSaysHowItWent) {
+    EXPECT_EQ(shell("echo JO20 FN42 | " + program + " distance").status, 0);
+    EXPECT_EQ(shell("echo JO20 FN4? | " + program + " distance --quiet").status, 1);
+    EXPECT_EQ(run("distance --foo").status, 2);
+    EXPECT_EQ(run("").status, 2);
+    EXPECT_EQ(run("--help").status, 0);
+    EXPECT_EQ(run("--version").output, "orbisgrid-batch 3.1.1\n");
+}
+
+TEST(BatchProgram, SaysOnStandardErrorWhatWasRefused) {
+    const ShellResult result =
+        shell("printf 'JO20 FN42\\nJO2? x\\n' | " + program + " distance 2>&1 >/dev/null");
+    EXPECT_EQ(result.output, "standard input:2: Invalid locator! (JO2?)\n2 lines, 1 refused\n");
+    EXPECT_EQ(result.status, 1);
+}
+
+TEST(BatchProgram, UnknownOptionIsOneLine) {
+    EXPECT_EQ(run("distance --foo").output,
+              "orbisgrid-batch: unknown option --foo (see orbisgrid-batch distance --help)\n");
+}
+
+// What cannot be read or written -----------------------------------------------------------------
+
+TEST(BatchProgram, AFullDisk) {
+    const ShellResult result = shell("echo JO20 FN42 | " + program + " distance 2>&1 >/dev/full");
+    EXPECT_EQ(result.output, "orbisgrid-batch: standard output: No space left on device\n");
+    EXPECT_EQ(result.status, 2);
+    const ShellResult help = shell(program + " --help 2>&1 >/dev/full");
+    EXPECT_EQ(help.output, "orbisgrid-batch: standard output: No space left on device\n");
+    EXPECT_EQ(help.status, 2);
+}
+
+TEST(BatchProgram, AFolderInTheFilesPlace) {
+    const ShellResult result = run("distance /");
+    EXPECT_EQ(result.output, "orbisgrid-batch: /: Is a directory\n");
+    EXPECT_EQ(result.status, 2);
+}
+
+TEST(BatchProgram, AFileThatIsNotThere) {
+    const TemporaryFolder folder;
+    const std::string path = folder.make("a.txt", "JO20 FN42\n");
+    const ShellResult result = run("distance " + path + " /nowhere/list " + path);
+    EXPECT_EQ(result.output, "JO20 FN42" + resultOfFn42 +
+                                 "\norbisgrid-batch: /nowhere/list: No such file or directory\n");
+    EXPECT_EQ(result.status, 2);
+}
+
+TEST(BatchProgram, AFileWithoutRights) {
+    const TemporaryFolder folder;
+    const std::string path = folder.make("a.txt", "JO20 FN42\n", 0);
+    const std::string said = folder.path("said");
+    EXPECT_EQ(test::inChildWithoutRights([&] {
+                  return shell(program + " distance " + path + " >" + said + " 2>&1").status;
+              }),
+              2);
+    EXPECT_EQ(folder.content("said"), "orbisgrid-batch: " + path + ": Permission denied\n");
+}
+
+/// What a command leaves whose standard output is closed at once. `isIgnored`: whether the program
+/// is started with SIGPIPE ignored, as some programs start others.
+ShellResult withBrokenPipe(bool isIgnored) {
+    return shell(std::string("exec 3>&1; { ") + (isIgnored ? "trap '' PIPE; " : "") +
+                 "yes JO20 FN42 2>/dev/null | head -n 200000 2>/dev/null | " + program +
+                 " distance 2>&3; echo status $? >&3; } | true");
+}
+
+TEST(BatchProgram, ABrokenPipeIsAQuietEnd) {
+    EXPECT_EQ(withBrokenPipe(false).output, "status 141\n");
+    EXPECT_EQ(withBrokenPipe(true).output, "status 141\n");
+    EXPECT_EQ(
+        shell("yes JO20 FN42 2>/dev/null | head -n 200000 2>/dev/null | " + program + " distance 2>&1 | head -n 1").output,
+        "JO20 FN42" + resultOfFn42 + "\n");
+}
+
+// Its own file -----------------------------------------------------------------------------------
+
+TEST(BatchFile, IsReplacedByItsOwnResults) {
+    const TemporaryFolder folder;
+    const std::string path = folder.make("a.txt", "JO20 FN42\n", 0640);
+    EXPECT_EQ(run("distance " + path + " -o " + path).output, "");
+    EXPECT_EQ(folder.content("a.txt"), "JO20 FN42" + resultOfFn42 + "\n");
+    EXPECT_EQ(folder.names(), std::set<std::string>{"a.txt"});
+
+    struct stat status = {};
+
+    ::stat(path.c_str(), &status);
+    EXPECT_EQ(status.st_mode & 07777U, 0640U);
+}
+
+TEST(BatchFile, IsReplacedThoughSomeLinesAreRefused) {
+    const TemporaryFolder folder;
+    const std::string path = folder.make("a.txt", "JO20 FN4?\n");
+    EXPECT_EQ(run("distance " + path + " -o " + folder.path("b")).status, 1);
+    EXPECT_EQ(folder.content("b"), "JO20 FN4?\t\t\t\t\t\t\t\n");
+}
+
+TEST(BatchFile, StaysAsItWasAfterAFailure) {
+    const TemporaryFolder folder;
+    const std::string path = folder.make("a.txt", "JO20 FN42\nJO20 FN4?\n");
+    const std::string old = folder.make("old", "old");
+    const auto isKept = [&] {
+        return folder.content("old") == "old" &&
+               folder.names() == std::set<std::string>{"a.txt", "old"};
+    };
+    EXPECT_EQ(run("distance " + path + " /nowhere -o " + old).status, 2);
+    EXPECT_TRUE(isKept()) << "a file that cannot be read";
+    EXPECT_EQ(run("distance --strict " + path + " -o " + old).status, 1);
+    EXPECT_TRUE(isKept()) << "the rest is missing";
+    folder.make("a.txt", "JO20 FN42\n");
+    const ShellResult full = shell("ulimit -f 0; trap '' XFSZ; " + program + " distance " + path +
+                                   " -o " + old + " 2>&1");
+    EXPECT_EQ(full.output, "orbisgrid-batch: " + old + ": File too large\n");
+    EXPECT_EQ(full.status, 2);
+    EXPECT_TRUE(isKept()) << "a full disk";
+}
+
+TEST(BatchFile, IsAFileThatMayBeWritten) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(run("distance -o / < /dev/null").output, "orbisgrid-batch: /: Is a directory\n");
+    EXPECT_EQ(run("distance -o / < /dev/null").status, 2);
+    EXPECT_EQ(run("distance -o /nowhere/file < /dev/null").output,
+              "orbisgrid-batch: /nowhere/file: No such file or directory\n");
+}
+
+// On a terminal ----------------------------------------------------------------------------------
+
+/// Everything that a program puts on a terminal as its standard error. Its input comes slowly.
+std::string onTerminal(const std::string& command) {
+    const int master = ::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
+    if (master < 0 || ::grantpt(master) != 0 || ::unlockpt(master) != 0)
+        return "no terminal";
+    const std::string slave = ::ptsname(master);
+    pid_t child = test::startChild([&] {
+        ::setsid();
+        const int terminal = ::open(slave.c_str(), O_RDWR);
+        ::dup2(terminal, STDERR_FILENO);
+        ::execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
+    });
+    const int kept = ::open(slave.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC); // until all is read
+    std::string shown;
+    const auto take = [&] {
+        std::array<char, 4096> buffer{};
+        pollfd waiting{master, POLLIN, 0};
+        while (::poll(&waiting, 1, 0) > 0) {
+            const ssize_t count = ::read(master, buffer.data(), buffer.size());
+            if (count <= 0)
+                return;
+            shown.append(buffer.data(), static_cast<std::size_t>(count));
+        }
+    };
+    test::waitUntil(
+        [&] {
+            take();
+            return ::waitpid(child, nullptr, WNOHANG) == child;
+        },
+        30);
+    take();
+    ::close(kept);
+    ::close(master);
+    return shown;
+}
+
+TEST(BatchProgress, IsShownOnATerminalAfterASecondAndErasedAtTheEnd) {
+    const std::string slowly =
+        "{ echo JO20 FN42; sleep 1.3; echo JO20 FN42; sleep 0.3; echo JO20 FN42; } | ";
+    const std::string shown = onTerminal(slowly + program + " distance >/dev/null");
+    EXPECT_NE(shown.find("\r\x1b[K2 lines, "), std::string::npos) << shown;
+    EXPECT_TRUE(shown.ends_with("\r\x1b[K")) << shown;
+    EXPECT_EQ(onTerminal("echo JO20 FN42 | " + program + " distance >/dev/null"), "")
+        << "too quick";
+}
+
+TEST(BatchProgress, IsNeverShownInAPipe) {
+    EXPECT_EQ(shell("{ echo JO20 FN42; sleep 1.3; echo JO20 FN42; } | " + program +
+                    " distance 2>&1 >/dev/null")
+                  .output,
+              "");
+}
+
+} // namespace
+
+} // namespace orbisgrid

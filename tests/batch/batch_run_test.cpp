@@ -1,0 +1,157 @@
+#include "batch/batch_run.h"
+#include "batch/distance.h"
+#include "tests/batch/in_process.h"
+#include "tests/support/pieces.h"
+#include "tests/support/table.h"
+
+#include <cerrno>
+#include <random>
+
+namespace orbisgrid {
+
+namespace {
+
+using test::BatchResult;
+using test::Pieces;
+using test::Row;
+using test::runBatch;
+
+class BatchRunTest : public testing::TestWithParam<Row> {};
+
+TEST_P(BatchRunTest, LeavesTheSameHoweverTheListComes) {
+    const Row& row = GetParam();
+    for (const std::size_t size : {1U, 2U, 5U, 65536U}) {
+        const BatchResult result = runBatch(row["arguments"], row["bytes"], row["list"], size);
+        EXPECT_EQ(result.output, row["output"]) << "in pieces of " << size;
+        EXPECT_EQ(result.messages, row["messages"]) << "in pieces of " << size;
+        EXPECT_EQ(result.status, row.number("status"));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, BatchRunTest, testing::ValuesIn(test::readTable("batch_runs.tsv")),
+                         test::testName);
+
+TEST(BatchRun, GroupsTheDigitsOfItsClosingLine) {
+    std::string list;
+    for (int i = 0; i < 1234; ++i)
+        list += i % 300 == 0 ? "JO2? x\n" : "JO20 FN42\n";
+    const BatchResult result = runBatch("distance", list, "list");
+    EXPECT_TRUE(result.messages.ends_with("\n1,234 lines, 5 refused\n")) << result.messages;
+    EXPECT_EQ(result.status, 1);
+}
+
+TEST(BatchRun, ShowsNoControlCharacters) {
+    const BatchResult result =
+        runBatch("distance --home JO20 --input lines", "\x1b[2J\x7Fö\n", "a\nb");
+    EXPECT_TRUE(result.messages.starts_with("a?b:1: Invalid locator! (?[2J?ö)\n"))
+        << result.messages;
+}
+
+TEST(BatchRun, ALineThatIsNoneEndsIt) {
+    const BatchResult result =
+        runBatch("distance --home JO20", "FN42\n" + std::string(5'000'000, 'x'), "list");
+    EXPECT_EQ(result.messages, "orbisgrid-batch: list: line 2 is too long to be one\n");
+    EXPECT_EQ(result.status, 2);
+    EXPECT_TRUE(result.output.starts_with("FN42\t5625\t")) << "what came before is not lost";
+}
+
+TEST(BatchRun, AFailureWhileReadingEndsItWithTheReason) {
+    for (const char* format : {"--input lines ", ""}) {
+        Pieces pieces("FN42\n", 3);
+        pieces.failAtTheEnd(EIO);
+        const BatchResult result =
+            runBatch("distance --home JO20 " + std::string(format), pieces, "list");
+        EXPECT_EQ(result.messages, "orbisgrid-batch: list: Input/output error\n");
+        EXPECT_EQ(result.status, 2);
+        EXPECT_TRUE(result.output.starts_with("FN42\t5625\t"));
+    }
+    Pieces pieces("what is it", 3);
+    pieces.failAtTheEnd(EIO);
+    EXPECT_EQ(runBatch("distance --home JO20", pieces, "list").messages,
+              "orbisgrid-batch: list: Input/output error\n");
+}
+
+// The sinks --------------------------------------------------------------------------------------
+
+/// Takes so many writes and fails then.
+class FailingSink : public ByteSink {
+public:
+    FailingSink(int writes, int error)
+        : m_left(writes)
+        , m_error(error) {}
+
+    int write(std::string_view bytes) override {
+        written += bytes;
+        return m_left-- > 0 ? 0 : m_error;
+    }
+
+    int finish() override { return m_left > 0 ? 0 : m_error; }
+
+    std::string written;
+
+private:
+    int m_left;
+    int m_error;
+};
+
+/// What a run on `lines` lines says and gives where the output takes so many writes.
+std::pair<std::string, Status> runInto(FailingSink& output, int lines) {
+    FailingSink messages(1000, 0);
+    Progress progress({}, std::chrono::steady_clock::now);
+    DistanceTask task({"JO20", false, false});
+    RunOptions options;
+    options.input = Format::lines;
+    BatchRun run(options, task, output, messages, progress);
+    std::string list;
+    for (int i = 0; i < lines; ++i)
+        list += "FN42\n";
+    Pieces pieces(list, 65536);
+    run.process(pieces, "list");
+    const Status status = run.finish();
+    return {messages.written, status};
+}
+
+TEST(BatchRun, WhatCannotBeWrittenEndsItWithTheReason) {
+    for (const int writes : {0, 1, 2}) {
+        FailingSink output(writes, ENOSPC);
+        const auto [said, status] = runInto(output, 50'000);
+        EXPECT_EQ(said, "orbisgrid-batch: standard output: No space left on device\n") << writes;
+        EXPECT_EQ(status, Status::failed);
+    }
+    FailingSink output(1, ENOSPC);
+    EXPECT_EQ(runInto(output, 1).second, Status::failed) << "only closing fails";
+}
+
+TEST(BatchRun, NobodyIsToldOfABrokenPipe) {
+    for (const int writes : {0, 1, 2}) {
+        FailingSink output(writes, EPIPE);
+        const auto [said, status] = runInto(output, 50'000);
+        EXPECT_EQ(said, "");
+        EXPECT_EQ(status, Status::brokenPipe);
+    }
+}
+
+TEST(BatchRun, ALineThatComesIsAnsweredBeforeTheNextIsWaitedFor) {
+    FailingSink output(1000, 0), messages(1000, 0);
+    Progress progress({}, std::chrono::steady_clock::now);
+    DistanceTask task({"JO20", false, false});
+    const RunOptions options;
+    BatchRun run(options, task, output, messages, progress);
+    std::size_t before = 0;
+    bool isAnswered = true;
+    const std::string list = "FN42\nFN42\nFN4?\n";
+    int piece = 0;
+    Pieces pieces(list, [&]() -> std::size_t {
+        if (piece++ > 0)
+            isAnswered = isAnswered && output.written.size() > before;
+        before = output.written.size();
+        return 5;
+    });
+    EXPECT_TRUE(run.process(pieces, "list"));
+    EXPECT_TRUE(isAnswered);
+    EXPECT_EQ(messages.written, "list:3: Invalid locator! (FN4?)\n") << "before the end of the run";
+}
+
+} // namespace
+
+} // namespace orbisgrid

@@ -1,0 +1,141 @@
+#include "batch/options.h"
+#include "core/text.h"
+#include "tests/batch/in_process.h"
+#include "tests/support/table.h"
+
+#include <algorithm>
+#include <sstream>
+
+namespace orbisgrid {
+
+namespace {
+
+Invocation invocationOf(std::vector<std::string> words) {
+    words.insert(words.begin(), "orbisgrid-batch");
+    std::vector<char*> arguments;
+    for (std::string& word : words)
+        arguments.push_back(word.data());
+    return readInvocation(arguments);
+}
+
+std::string wrong(const std::vector<std::string>& words) {
+    const std::string text = invocationOf(words).wrong;
+    return text.substr(0, text.find(" (see"));
+}
+
+TEST(Invocation, TakesEveryOptionOfDistance) {
+    const Invocation call =
+        invocationOf({"distance", "--home",      "jo20",          "--input",   "csv",
+                      "--output", "json",        "--home-column", "h",         "--target-column=t",
+                      "--header", "--long-path", "--ellipsoid",   "--replace", "-o",
+                      "out",      "--strict",    "--quiet",       "a",         "b"});
+    EXPECT_EQ(call.wrong, "");
+    EXPECT_EQ(call.command, Command::distance);
+    EXPECT_EQ(call.distance.home, "jo20");
+    EXPECT_TRUE(call.distance.isLongPath && call.distance.isEllipsoid);
+    EXPECT_EQ(call.run.input, Format::csv);
+    EXPECT_EQ(call.run.output, Format::json);
+    EXPECT_EQ(call.run.list.homeColumn, "h");
+    EXPECT_EQ(call.run.list.targetColumn, "t");
+    EXPECT_TRUE(call.run.list.hasHeader && call.run.list.isReplacing);
+    EXPECT_TRUE(call.run.isStrict && call.run.isQuiet);
+    EXPECT_EQ(call.outputFile, "out");
+    EXPECT_EQ(call.run.outputName, "out");
+    EXPECT_EQ(call.files, (std::vector<std::string>{"a", "b"}));
+}
+
+TEST(Invocation, TakesNothingForGranted) {
+    const Invocation call = invocationOf({"distance"});
+    EXPECT_EQ(call.distance.home, "");
+    EXPECT_FALSE(call.distance.isLongPath || call.distance.isEllipsoid || call.run.isStrict ||
+                 call.run.isQuiet || call.run.list.hasHeader || call.run.list.isReplacing);
+    EXPECT_EQ(call.run.input, std::nullopt);
+    EXPECT_EQ(call.run.output, std::nullopt);
+    EXPECT_EQ(call.convert.characters, 6U);
+    EXPECT_EQ(call.convert.from, Notation::automatic);
+    EXPECT_EQ(call.files, std::vector<std::string>{"-"});
+    EXPECT_EQ(call.run.outputName, "standard output");
+}
+
+TEST(Invocation, TakesTheOptionsOfConvert) {
+    const Invocation call = invocationOf({"convert", "--from", "dms", "--characters", "8", "-"});
+    EXPECT_EQ(call.wrong, "");
+    EXPECT_EQ(call.convert.from, Notation::dms);
+    EXPECT_EQ(call.convert.characters, 8U);
+    EXPECT_EQ(invocationOf({"convert", "--characters", "10"}).convert.characters, 10U);
+    EXPECT_EQ(call.files, std::vector<std::string>{"-"});
+}
+
+TEST(Invocation, OptionsMayFollowFilesAndBeShortened) {
+    const Invocation call = invocationOf({"distance", "a", "--ellip", "--", "--quiet"});
+    EXPECT_EQ(call.wrong, "");
+    EXPECT_TRUE(call.distance.isEllipsoid);
+    EXPECT_EQ(call.files, (std::vector<std::string>{"a", "--quiet"}));
+}
+
+TEST(Invocation, SaysWhatIsWrongInOneLine) {
+    EXPECT_EQ(wrong({}), "orbisgrid-batch: no command");
+    EXPECT_EQ(wrong({"foo"}), "orbisgrid-batch: unknown command foo");
+    EXPECT_EQ(wrong({"distance", "--foo"}), "orbisgrid-batch: unknown option --foo");
+    EXPECT_EQ(wrong({"distance", "-x"}), "orbisgrid-batch: unknown option -x");
+    EXPECT_EQ(wrong({"distance", "--h"}), "orbisgrid-batch: unknown option --h") << "several";
+    EXPECT_EQ(wrong({"distance", "--from", "dms"}), "orbisgrid-batch: unknown option --from");
+    EXPECT_EQ(wrong({"convert", "--home", "JO20"}), "orbisgrid-batch: unknown option --home");
+    EXPECT_EQ(wrong({"distance", "--home"}), "orbisgrid-batch: --home needs an argument");
+    EXPECT_EQ(wrong({"distance", "-o"}), "orbisgrid-batch: -o needs an argument");
+    EXPECT_EQ(wrong({"distance", "--quiet=1"}), "orbisgrid-batch: unknown option --quiet=1");
+    EXPECT_EQ(wrong({"distance", "--home", "JO2?"}), "orbisgrid-batch: Invalid locator! (JO2?)");
+    EXPECT_EQ(wrong({"distance", "--home", ""}), "orbisgrid-batch: Invalid locator! ()");
+    EXPECT_EQ(wrong({"distance", "--input", "json"}), "orbisgrid-batch: unknown format json");
+    EXPECT_EQ(wrong({"distance", "--input", "x"}), "orbisgrid-batch: unknown format x");
+    EXPECT_EQ(wrong({"distance", "--output", "x"}), "orbisgrid-batch: unknown format x");
+    EXPECT_EQ(wrong({"convert", "--from", "x"}), "orbisgrid-batch: unknown notation x");
+    EXPECT_EQ(wrong({"convert", "--characters", "7"}),
+              "orbisgrid-batch: a locator has 6, 8 or 10 characters and not 7");
+    EXPECT_TRUE(
+        invocationOf({"convert", "-x"}).wrong.ends_with(" (see orbisgrid-batch convert --help)"));
+}
+
+TEST(Invocation, TheFirstThingDecides) {
+    EXPECT_EQ(wrong({"distance", "--foo", "--help"}), "orbisgrid-batch: unknown option --foo");
+    EXPECT_NE(invocationOf({"distance", "--help", "--foo"}).shown, "");
+}
+
+// What it tells ---------------------------------------------------------------------------------
+
+const std::vector<std::pair<std::string, Command>> helps{
+    {"", Command::none}, {"distance ", Command::distance}, {"convert ", Command::convert}};
+
+TEST(Help, FitsAScreen) {
+    for (const auto& [words, command] : helps) {
+        const std::string text = helpText(command);
+        EXPECT_EQ(test::runBatch(words + "--help", "", "").output, text);
+        EXPECT_LE(std::count(text.begin(), text.end(), '\n'), 24) << words;
+        std::istringstream lines(text);
+        for (std::string line; std::getline(lines, line);)
+            EXPECT_LE(fromUtf8(line).size(), 80U) << line;
+    }
+}
+
+TEST(Help, HasEachOptionOfItsCommandAndNoOther) {
+    for (const Command command : {Command::distance, Command::convert}) {
+        const std::string text = helpText(command);
+        for (const OptionRow& option : optionTable()) {
+            const std::string name = option.letter != 0 ? std::string("  -") + option.letter
+                                                        : "  --" + std::string(option.name);
+            const bool isThere = text.find(name + " ") != std::string::npos;
+            EXPECT_EQ(isThere, isOptionOf(option, command)) << name;
+            EXPECT_EQ(text.find(option.meaning) != std::string::npos, isOptionOf(option, command))
+                << name;
+        }
+    }
+}
+
+TEST(Version, IsTheProjects) {
+    for (const char* words : {"--version", "distance --version", "convert --version"})
+        EXPECT_EQ(test::runBatch(words, "", "").output, "orbisgrid-batch 3.1.1\n");
+}
+
+} // namespace
+
+} // namespace orbisgrid
