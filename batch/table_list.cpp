@@ -39,6 +39,10 @@ Reading TableList::read(Record& record) {
 
 void TableList::takeHeader(const Record& record) {
     m_isHeaderRead = true;
+    if (!isClosed(record.fields.back())) {
+        m_problem = "the quotes of its header never close";
+        return;
+    }
     for (const Field& field : record.fields) {
         std::string name;
         appendUnquoted(name, field);
@@ -84,7 +88,9 @@ Question TableList::question() {
     Question question{valueAt(m_home), valueAt(m_target), {}, false, {}};
     if (withoutBlanks(question.home).empty())
         question.home = {};
-    if (record().fields.size() > m_names.size())
+    if (!isClosed(record().fields.back()))
+        question.refusal = "Quotes that never close!";
+    else if (record().fields.size() > m_names.size())
         question.refusal = "More fields than the header has!";
     return question;
 }
@@ -110,7 +116,7 @@ void TableList::appendValue(std::string& bytes, std::string_view value) const {
 }
 
 void TableList::pass(std::string& bytes) const {
-    if (!m_isHeader) {
+    if (!m_isHeader || !m_problem.empty()) {
         bytes += record().bytes;
         return;
     }
@@ -134,6 +140,10 @@ const std::string* TableList::replacement(std::size_t place, const Values* value
 
 void TableList::write(std::string& bytes, const Question& /*question*/, const Values* values) {
     const Record& row = record();
+    if (!isClosed(row.fields.back())) {
+        bytes += row.bytes;
+        return;
+    }
     const char* written = row.bytes.data();
     const auto copyTo = [&](const char* end) {
         bytes.append(written, end);

@@ -96,6 +96,10 @@ std::vector<Source> sources() {
                  return std::string("one\nONE\nline\n\n").append(row["bytes of the file"]);
              }},
             {"command_line", "command_line", column("arguments")},
+            {"records_lines", "records_lines", column("bytes")},
+            {"records_csv", "records_csv", column("bytes")},
+            {"records_adif", "records_adif", column("bytes")},
+            {"position_text", "position_text", column("text")},
             {"map", "map_caption",
              [](const Row& row) { return row["home"] + "\n" + row["target"] + "\n"; }},
             {"map", "map_svg_text", mapWithHome},

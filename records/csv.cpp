@@ -92,6 +92,10 @@ Reading CsvReader::next(Record& record) {
     return reading;
 }
 
+bool isClosed(const Field& field) {
+    return !isQuoted(field.bytes) || endOfQuotes(field.bytes, 1, true);
+}
+
 void appendUnquoted(std::string& text, const Field& field) {
     std::string_view rest = field.value;
     if (isQuoted(field.bytes)) {

@@ -28,6 +28,10 @@ private:
     bool m_isHeaderRead = false;
 };
 
+/// Whether the quotes of a field close, if it has any. Only a file's last row may have one whose
+/// quotes do not; nothing can be put behind it.
+[[nodiscard]] bool isClosed(const Field& field);
+
 /// Puts what a field stands for behind `text`: of a field in quotes its doubled quotes are single.
 void appendUnquoted(std::string& text, const Field& field);
 

@@ -12,9 +12,10 @@ import subprocess
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-ROOMS = ["core", "geodesy", "aprs", "map", "settings", "panels"]
+ROOMS = ["core", "geodesy", "aprs", "map", "settings", "panels", "records", "batch"]
 PROGRAMS = ["core_test", "geodesy_test", "aprs_test", "map_test", "settings_test", "panels_test",
-            "panels_help_test", "position_codes_test"]
+            "panels_help_test", "position_codes_test", "records_test", "batch_test",
+            "batch_program_test"]
 
 
 def run(*command, **options):

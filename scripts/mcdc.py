@@ -14,9 +14,9 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build-mcdc"
-ROOMS = ["core", "geodesy", "aprs", "map", "settings", "panels"]
+ROOMS = ["core", "geodesy", "aprs", "map", "settings", "panels", "records", "batch"]
 PROGRAMS = ["core_test", "geodesy_test", "aprs_test", "map_test", "settings_test", "panels_test",
-            "panels_help_test"]
+            "panels_help_test", "records_test", "batch_test"]
 
 
 def run(*command, **options):

@@ -2,7 +2,7 @@
 """Changes the program one operator, constant, comparison or rounding call at a time and runs the
 tests of the changed room: a change that no test notices has survived.
 
-    scripts/mutate.py [room or file ...]      core geodesy aprs map settings panels
+    scripts/mutate.py [room or file ...]      core geodesy aprs map settings panels records batch
     scripts/mutate.py --jobs 2 --list core    shows the changes without making them
     scripts/mutate.py --again LOG core        only the changes that an earlier run's output names
 
@@ -25,9 +25,13 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build-mutation"
-ROOMS = ["core", "geodesy", "aprs", "map", "settings", "panels"]
+ROOMS = ["core", "geodesy", "aprs", "map", "settings", "panels", "records", "batch"]
 SUPPORT = ["tests/support/main.cpp", "tests/support/panel_actions.cpp", "tests/support/table.cpp",
+           "tests/support/in_process.cpp", "tests/support/made_log.cpp",
            "tests/support/world_outlines.cpp"]
+# What the programs need of the operating system; not changed.
+PLATFORM = ["platform/byte_stream.cpp", "platform/file_descriptor.cpp", "platform/safe_file.cpp"]
+MAIN = "batch/main.cpp"
 SECONDS = 20  # the slowest of these programs takes two
 
 # The programs that look at a room, the quickest first.
@@ -44,6 +48,8 @@ PROGRAMS = {
             ["tests/proof/map_lines_test.cpp", "tests/proof/map_projection_test.cpp"]],
     "settings": [["tests/settings/*.cpp"]],
     "panels": [["tests/panels/*.cpp"]],
+    "records": [["tests/records/*.cpp"], ["tests/batch/made_log_test.cpp"]],
+    "batch": [["tests/batch/[!b]*.cpp", "tests/batch/batch_run_test.cpp"]],
 }
 LIBRARIES = ["-lgtest", "-lGeographicLib", "-lpthread"]
 
@@ -158,9 +164,15 @@ def headers_of(path):
             if word.startswith(f"{ROOT}/")}
 
 
+def library():
+    """Every source that each program is linked with."""
+    rooms = [path for room in ROOMS for path in expanded([f"{room}/*.cpp"]) if path != MAIN]
+    return rooms + SUPPORT + PLATFORM
+
+
 def prepare(rooms, jobs):
     """Compiles what stays as it is. Result: False where something does not compile or pass."""
-    sources = set(SUPPORT) | {path for room in ROOMS for path in expanded([f"{room}/*.cpp"])}
+    sources = set(library())
     for room in rooms:
         for patterns in PROGRAMS[room]:
             sources |= set(expanded(patterns))
@@ -174,7 +186,7 @@ def prepare(rooms, jobs):
 def is_noticed(room, changed, program):
     """Links each program of a room, with the objects that `changed` has for a source in place of
     its own, and runs it."""
-    sources = [path for other in ROOMS for path in expanded([f"{other}/*.cpp"])] + SUPPORT
+    sources = library()
     for patterns in PROGRAMS[room]:
         objects = [str(changed(path) or object_of(path)) for path in expanded(patterns) + sources]
         link = ["g++", "-fuse-ld=lld", "-o", str(program)] + objects + LIBRARIES

@@ -1,6 +1,6 @@
 #include "batch/batch_run.h"
 #include "batch/distance.h"
-#include "tests/batch/in_process.h"
+#include "tests/support/in_process.h"
 #include "tests/support/pieces.h"
 #include "tests/support/table.h"
 

@@ -1,5 +1,5 @@
-#include "tests/batch/in_process.h"
-#include "tests/batch/made_log.h"
+#include "tests/support/in_process.h"
+#include "tests/support/made_log.h"
 #include "tests/support/pieces.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "batch/options.h"
 #include "core/text.h"
-#include "tests/batch/in_process.h"
+#include "tests/support/in_process.h"
 #include "tests/support/table.h"
 
 #include <algorithm>

@@ -98,6 +98,10 @@ INSTANTIATE_TEST_SUITE_P(
               "not the standard library, and outside platform/"},
         Plant{"core/a.cpp", "#include <dirent.h>",
               "not the standard library, and outside platform/"},
+        Plant{"records/a.h", "#include \"batch/list.h\"", "no arrow from records/ to batch/"},
+        Plant{"batch/a.h", "#include \"panels/message.h\"", "no arrow from batch/ to panels/"},
+        Plant{"batch/a.cpp", "#include <getopt.h>",
+              "not the standard library, and outside platform/"},
         Plant{"core/a.cpp", "#include \"text.h\"", "not written from the root"}));
 
 } // namespace

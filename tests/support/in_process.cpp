@@ -1,4 +1,4 @@
-#include "tests/batch/in_process.h"
+#include "tests/support/in_process.h"
 
 #include "batch/program.h"
 #include "tests/support/pieces.h"

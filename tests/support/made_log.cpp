@@ -1,4 +1,4 @@
-#include "tests/batch/made_log.h"
+#include "tests/support/made_log.h"
 
 #include <array>
 #include <random>
