@@ -218,18 +218,24 @@ bool BatchRun::stop(Status status) {
     return false;
 }
 
-/// Result: false where the output cannot be written, which has been said then.
+/// Results first, as a person reads them. Result: false where they cannot be written, which has been
+/// said then.
 bool BatchRun::flush() {
-    if (!m_said.empty()) {
-        m_progress.erase();
-        std::ignore = m_messages.write(m_said); // where not, there is nobody to be told
-        m_said.clear();
-    }
     const int error = m_out.empty() ? 0 : m_output.write(m_out);
     m_out.clear();
     if (error != 0)
         loseOutput(error);
+    if (!m_said.empty())
+        m_progress.erase();
+    sayNow();
     return error == 0;
+}
+
+/// Where that cannot be, there is nobody to be told.
+void BatchRun::sayNow() {
+    if (!m_said.empty())
+        std::ignore = m_messages.write(m_said);
+    m_said.clear();
 }
 
 void BatchRun::loseOutput(int error) {
@@ -259,9 +265,7 @@ Status BatchRun::finish() {
 /// The last words.
 Status BatchRun::end() {
     m_progress.erase();
-    if (!m_said.empty())
-        std::ignore = m_messages.write(m_said);
-    m_said.clear();
+    sayNow();
     return m_status;
 }
 

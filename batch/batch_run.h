@@ -60,6 +60,7 @@ private:
     void sayOf(const Record& record, const std::string& name, std::string_view what,
                std::string_view text);
     bool flush();
+    void sayNow();
     bool stop(Status status);
     void loseOutput(int error);
     Status end();

@@ -42,15 +42,6 @@ std::string versionLine() {
     return "orbisgrid-batch " ORBISGRID_VERSION "\n";
 }
 
-/// "-o FILE", "--home LOCATOR".
-std::string syntaxOf(const OptionRow& option) {
-    std::string text = option.letter != 0 ? std::string("-") + option.letter
-                                          : std::string("--").append(option.name);
-    if (!option.argument.empty())
-        text.append(" ").append(option.argument);
-    return text;
-}
-
 /// Takes the options one by one into an invocation.
 class InvocationReader {
 public:
@@ -198,6 +189,14 @@ std::string generalHelp() {
 
 std::span<const OptionRow> optionTable() {
     return table;
+}
+
+std::string syntaxOf(const OptionRow& option) {
+    std::string text = option.letter != 0 ? std::string("-") + option.letter
+                                          : std::string("--").append(option.name);
+    if (!option.argument.empty())
+        text.append(" ").append(option.argument);
+    return text;
 }
 
 bool isOptionOf(const OptionRow& option, Command command) {

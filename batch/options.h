@@ -30,6 +30,9 @@ struct OptionRow {
 /// Whether a command knows an option.
 [[nodiscard]] bool isOptionOf(const OptionRow& option, Command command);
 
+/// How an option is written: "--home LOCATOR", "-o FILE".
+[[nodiscard]] std::string syntaxOf(const OptionRow& option);
+
 /// What a command line says.
 struct Invocation {
     Command command = Command::none;

@@ -7,8 +7,11 @@ namespace orbisgrid {
 
 namespace {
 
-/// Bytes at a time: with more, a file is not read quicker.
-constexpr std::size_t block = std::size_t{1} << 16U;
+/// Bytes at a time, at first: a short list needs no more memory than that ...
+constexpr std::size_t firstBlock = std::size_t{1} << 12U;
+
+/// ... and in the end: with more, a file is not read quicker.
+constexpr std::size_t lastBlock = std::size_t{1} << 16U;
 
 } // namespace
 
@@ -36,6 +39,7 @@ void RecordWindow::makeRoom() {
               m_buffer.begin() + static_cast<std::ptrdiff_t>(m_end), m_buffer.begin());
     m_end -= m_begin;
     m_begin = 0;
+    const std::size_t block = std::clamp(m_buffer.size(), firstBlock, lastBlock);
     if (m_buffer.size() < m_end + block)
         m_buffer.resize(std::max(m_end + block, m_end * 2));
 }

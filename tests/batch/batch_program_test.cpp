@@ -110,9 +110,10 @@ ShellResult withBrokenPipe(bool isIgnored) {
 TEST(BatchProgram, ABrokenPipeIsAQuietEnd) {
     EXPECT_EQ(withBrokenPipe(false).output, "status 141\n");
     EXPECT_EQ(withBrokenPipe(true).output, "status 141\n");
-    EXPECT_EQ(
-        shell("yes JO20 FN42 2>/dev/null | head -n 200000 2>/dev/null | " + program + " distance 2>&1 | head -n 1").output,
-        "JO20 FN42" + resultOfFn42 + "\n");
+    EXPECT_EQ(shell("yes JO20 FN42 2>/dev/null | head -n 200000 2>/dev/null | " + program +
+                    " distance 2>&1 | head -n 1")
+                  .output,
+              "JO20 FN42" + resultOfFn42 + "\n");
 }
 
 // Its own file -----------------------------------------------------------------------------------

@@ -46,6 +46,7 @@ protected:
 TEST_F(DebianPackageTest, HasItsFiles) {
     std::set<std::string> expected{
         "-rwxr-xr-x root/root ./usr/bin/orbisgrid",
+        "-rwxr-xr-x root/root ./usr/bin/orbisgrid-batch",
         "-rw-r--r-- root/root ./usr/libexec/orbisgrid/Orbisgrid.ini",
         "-rw-r--r-- root/root ./usr/libexec/orbisgrid/Readme.txt",
         "-rwxr-xr-x root/root ./usr/libexec/orbisgrid/orbisgrid",
@@ -53,10 +54,12 @@ TEST_F(DebianPackageTest, HasItsFiles) {
         "-rw-r--r-- root/root ./usr/libexec/orbisgrid/orbisgrid-window.so",
         "-rw-r--r-- root/root ./usr/share/applications/orbisgrid.desktop",
         "-rw-r--r-- root/root ./usr/share/bash-completion/completions/orbisgrid",
+        "-rw-r--r-- root/root ./usr/share/bash-completion/completions/orbisgrid-batch",
         "-rw-r--r-- root/root ./usr/share/doc/orbisgrid/changelog.Debian.gz",
         "-rw-r--r-- root/root ./usr/share/doc/orbisgrid/copyright",
         "-rw-r--r-- root/root ./usr/share/icons/hicolor/scalable/apps/orbisgrid.svg",
         "-rw-r--r-- root/root ./usr/share/lintian/overrides/orbisgrid",
+        "-rw-r--r-- root/root ./usr/share/man/man1/orbisgrid-batch.1.gz",
         "-rw-r--r-- root/root ./usr/share/man/man1/orbisgrid.1.gz",
         "-rw-r--r-- root/root ./usr/share/metainfo/org.example.orbisgrid.metainfo.xml",
     };

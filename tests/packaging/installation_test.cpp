@@ -55,6 +55,7 @@ protected:
 TEST_F(InstallationTest, HasItsFiles) {
     std::set<std::string> expected{
         "bin/orbisgrid",
+        "bin/orbisgrid-batch",
         "lib/orbisgrid/Orbisgrid.ini",
         "lib/orbisgrid/Readme.txt",
         "lib/orbisgrid/orbisgrid",
@@ -62,8 +63,10 @@ TEST_F(InstallationTest, HasItsFiles) {
         "lib/orbisgrid/orbisgrid-window.so",
         "share/applications/orbisgrid.desktop",
         "share/bash-completion/completions/orbisgrid",
+        "share/bash-completion/completions/orbisgrid-batch",
         "share/doc/orbisgrid/LICENSE",
         "share/icons/hicolor/scalable/apps/orbisgrid.svg",
+        "share/man/man1/orbisgrid-batch.1.gz",
         "share/man/man1/orbisgrid.1.gz",
         "share/metainfo/org.example.orbisgrid.metainfo.xml",
     };
@@ -79,6 +82,13 @@ TEST_F(InstallationTest, StartsThroughTheLinkWithoutADisplay) {
                                      quoted(prefix() / "bin/orbisgrid") + " JO20AW FN42AA 2>&1");
     EXPECT_EQ(result.status, 0);
     EXPECT_TRUE(result.output.starts_with(test::reportStart)) << result.output;
+}
+
+TEST_F(InstallationTest, WorksALog) {
+    const ShellResult result = shell("echo JO20AW FN42AA | " + test::freshSession(home()) +
+                                     quoted(prefix() / "bin/orbisgrid-batch") + " distance 2>&1");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_TRUE(result.output.starts_with("JO20AW FN42AA\t5637\t")) << result.output;
 }
 
 TEST_F(InstallationTest, OpensItsWindowFromTheDesktopEntry) {
@@ -140,15 +150,16 @@ TEST_F(InstallationTest, TheMetainfoIsValid) {
     }
 }
 
-TEST_F(InstallationTest, TheManPageIsReadWithoutAWarning) {
-    const ShellResult result =
-        shell("LC_ALL=C.UTF-8 man --warnings -l " +
-              quoted(prefix() / "share/man/man1/orbisgrid.1.gz") + " 2>&1 >/dev/null");
-    EXPECT_EQ(result.status, 0);
-    EXPECT_EQ(result.output, "");
-    EXPECT_NE(shell("LC_ALL=C.UTF-8 lexgrog " + quoted(prefix() / "share/man/man1/orbisgrid.1.gz"))
-                  .output.find("\"orbisgrid - distance, azimuth"),
-              std::string::npos);
+TEST_F(InstallationTest, TheManPagesAreReadWithoutAWarning) {
+    for (const std::string name : {"orbisgrid", "orbisgrid-batch"}) {
+        const std::string page = quoted(prefix() / ("share/man/man1/" + name + ".1.gz"));
+        const ShellResult result =
+            shell("LC_ALL=C.UTF-8 man --warnings -l " + page + " 2>&1 >/dev/null");
+        EXPECT_EQ(result.status, 0);
+        EXPECT_EQ(result.output, "");
+        const std::string listed = shell("LC_ALL=C.UTF-8 lexgrog " + page).output;
+        EXPECT_NE(listed.find(name + " - distance, azimuth"), std::string::npos) << listed;
+    }
 }
 
 } // namespace

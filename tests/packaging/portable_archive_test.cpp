@@ -49,7 +49,8 @@ TEST_F(PortableArchiveTest, HasItsFilesInOneFolder) {
     EXPECT_TRUE(folder.filename().string().starts_with("orbisgrid-" ORBISGRID_VERSION "-linux-"));
     EXPECT_EQ(test::filesBelow(folder),
               (std::set<std::string>{"LICENSE", "Orbisgrid.ini", "Readme.txt", "orbisgrid",
-                                     "orbisgrid-map.dat", "orbisgrid-window.so", "orbisgrid.svg"}));
+                                     "orbisgrid-batch", "orbisgrid-map.dat", "orbisgrid-window.so",
+                                     "orbisgrid.svg"}));
 }
 
 TEST_F(PortableArchiveTest, TwoCopiesHaveTwoSetsOfLists) {

@@ -303,7 +303,7 @@ TEST(Manual, HasAChapterForEachLineOfItsContents) {
         EXPECT_EQ(*(chapter + 1), std::string(heading.size(), '-')) << heading;
         ++chapters;
     }
-    EXPECT_EQ(chapters, 14);
+    EXPECT_EQ(chapters, 15);
 }
 
 // The file beside it -----------------------------------------------------------------------------
