@@ -174,6 +174,9 @@ private:
     /// The value behind a field's specifier. Result: false where more bytes decide.
     bool takeValue(const Tag& tag);
 
+    /// Where the line ends that has nothing behind `end`; else `end`.
+    std::optional<std::size_t> withLineEnd(std::size_t end) const;
+
     /// Whether a value may end before the byte at `end`.
     bool isPlausible(std::size_t end) const {
         return end == m_bytes.size() ||
@@ -207,7 +210,7 @@ std::optional<std::size_t> Scan::run() {
         case Tag::Kind::endOfRecord:
             m_isHeader = tag.kind == Tag::Kind::endOfHeader;
             m_content = m_at;
-            return m_at + tag.size;
+            return withLineEnd(m_at + tag.size);
         case Tag::Kind::field:
             if (!takeValue(tag))
                 return std::nullopt;
@@ -219,6 +222,13 @@ std::optional<std::size_t> Scan::run() {
             break;
         }
     }
+}
+
+std::optional<std::size_t> Scan::withLineEnd(std::size_t end) const {
+    const std::size_t found = m_bytes.find_first_not_of(" \t\r", end);
+    if (found == none && !m_isWhole)
+        return std::nullopt;
+    return found != none && m_bytes[found] == '\n' ? found + 1 : end;
 }
 
 bool Scan::takeValue(const Tag& tag) {

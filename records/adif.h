@@ -12,7 +12,8 @@ namespace orbisgrid {
 /// Contacts of a log in ADI, the text form of ADIF 3.1: fields "<NAME:LENGTH:TYPE>VALUE", and <EOR>
 /// behind each contact. What stands before <EOH> is the header, whatever the file begins with; it
 /// passes through, and so does what holds no field. A contact's content ends before its <EOR>, or,
-/// where the file ends without one, with its last field.
+/// where the file ends without one, with its last field; the line end behind <EOR> belongs to the
+/// contact.
 ///
 /// Lengths are bytes in most programs and characters in some, and others count an end of line as it
 /// is not in the file. So a value has as many bytes as its length says where "<", white space or

@@ -58,7 +58,7 @@ TEST(AdifReader, ItsContentEndsBeforeTheEnd) {
     AdifReader reader(window);
     Record record;
     ASSERT_EQ(reader.next(record), Reading::record);
-    EXPECT_EQ(record.bytes.substr(record.room()), "<EOR>");
+    EXPECT_EQ(record.bytes.substr(record.room()), "<EOR>\n");
     EXPECT_EQ(record.fields[0].bytes, "<CALL:4>G4AB");
     ASSERT_EQ(reader.next(record), Reading::record);
     EXPECT_EQ(record.bytes.substr(record.room()), " y\n");
