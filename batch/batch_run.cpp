@@ -140,7 +140,7 @@ bool BatchRun::processRecords(List& list, const std::string& name, bool isJson) 
             if (!answer(list, name, isJson))
                 return false;
         } else {
-            if (!isJson)
+            if (!isJson && m_task.writesRecords())
                 list.pass(m_out);
             if (const std::string problem = list.problem(); !problem.empty()) {
                 fail(name, problem);
@@ -166,13 +166,13 @@ bool BatchRun::answer(List& list, const std::string& name, bool isJson) {
         sayOf(list.record(), name, answer.remark, answer.text);
     }
     if (isJson)
-        writeJson(list, question, answer.refusal);
-    else
+        writeJson(list, answer.refusal);
+    else if (m_task.writesRecords())
         list.write(m_out, question, answer.refusal.empty() ? &m_values : nullptr);
     return true;
 }
 
-void BatchRun::writeJson(List& list, const Question& /*question*/, std::string_view refusal) {
+void BatchRun::writeJson(List& list, std::string_view refusal) {
     JsonLine object(m_out);
     list.addMembers(object);
     for (std::size_t i = 0; i < m_values.size() && refusal.empty(); ++i) {
@@ -218,8 +218,8 @@ bool BatchRun::stop(Status status) {
     return false;
 }
 
-/// Results first, as a person reads them. Result: false where they cannot be written, which has been
-/// said then.
+/// Results first, as a person reads them. Result: false where they cannot be written, which has
+/// been said then.
 bool BatchRun::flush() {
     const int error = m_out.empty() ? 0 : m_output.write(m_out);
     m_out.clear();
@@ -247,9 +247,16 @@ void BatchRun::loseOutput(int error) {
 }
 
 Status BatchRun::finish() {
-    if (m_isOutputLost || !flush())
+    if (m_isOutputLost || !flush() || m_isStopped)
         return end();
-    if (m_isStopped)
+    const auto ending = m_task.ending();
+    if (!ending) {
+        say("orbisgrid-batch: there is no Home to make it around");
+        std::ignore = stop(Status::failed);
+        return end();
+    }
+    m_out = *ending;
+    if (!flush())
         return end();
     if (m_refused > 0) {
         m_status = Status::someRefused;

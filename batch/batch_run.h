@@ -55,7 +55,7 @@ private:
     std::optional<Format> formatOf(RecordWindow& window, const std::string& name);
     bool processRecords(List& list, const std::string& name, bool isJson);
     bool answer(List& list, const std::string& name, bool isJson);
-    void writeJson(List& list, const Question& question, std::string_view refusal);
+    void writeJson(List& list, std::string_view refusal);
     void say(std::string_view line);
     void sayOf(const Record& record, const std::string& name, std::string_view what,
                std::string_view text);

@@ -1,15 +1,14 @@
 #include "batch/distance.h"
 
+#include "batch/box_text.h"
 #include "core/maidenhead.h"
 #include "core/number_text.h"
 #include "geodesy/locator_check.h"
 #include "geodesy/vincenty.h"
 #include "records/lines.h"
 
-#include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <numbers>
 #include <utility>
 
 namespace orbisgrid {
@@ -31,26 +30,6 @@ enum : std::size_t {
 
 constexpr std::string_view invalidLocator = "Invalid locator!";
 
-/// What a locator's box holds of it. Calculate takes blanks away, and no tabs.
-std::string_view inItsBox(std::string_view locator) {
-    constexpr std::size_t boxLength = 6;
-    while (locator.starts_with(' '))
-        locator.remove_prefix(1);
-    locator = locator.substr(0, boxLength);
-    while (locator.ends_with(' '))
-        locator.remove_suffix(1);
-    return locator;
-}
-
-/// A byte that is none of ASCII is no locator character, whatever letter it is part of.
-Text widened(std::string_view bytes) {
-    Text text(bytes.size(), u' ');
-    std::transform(bytes.begin(), bytes.end(), text.begin(), [](char byte) {
-        return byte >= 0 ? static_cast<char16_t>(byte) : char16_t{0xFFFD};
-    });
-    return text;
-}
-
 void setNumber(std::string& value, double number) {
     value.clear();
     appendPlainText(value, number);
@@ -70,11 +49,6 @@ double numberIn(const std::string& text) {
 }
 
 } // namespace
-
-bool isLocator(std::string_view text) {
-    const Text locator = widened(inItsBox(text));
-    return hasAcceptedLength(locator) && checkedHome(locator);
-}
 
 DistanceTask::DistanceTask(DistanceOptions options)
     : m_options(std::move(options))
@@ -157,12 +131,11 @@ Answer DistanceTask::answer(const Question& question, Values& values) {
 }
 
 void DistanceTask::putLongPath(const LocatorPath& path, bool isAzimuthNone, Values& values) const {
-    constexpr double circumference = 2 * std::numbers::pi * earthRadius;
-    const double back = path.circle.azimuth + 180.0;
-    setNumber(values[longDistanceKm], shownKilometres(circumference - path.circle.kilometres));
+    const LongPath back = longPath(path.circle);
+    setNumber(values[longDistanceKm], shownKilometres(back.kilometres));
     values[longAzimuth].clear();
     if (!isAzimuthNone)
-        setNumber(values[longAzimuth], shownAzimuth(back >= 360 ? back - 360 : back));
+        setNumber(values[longAzimuth], shownAzimuth(back.azimuth));
 }
 
 /// Between the positions as they are written, so that anybody can work it out from them.

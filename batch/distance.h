@@ -12,9 +12,6 @@
 
 namespace orbisgrid {
 
-/// Whether a text is a locator that can be Home: what counts of it passes the check of Calculate.
-[[nodiscard]] bool isLocator(std::string_view text);
-
 struct DistanceOptions {
     std::string home;         ///< of records that name none; empty: those are refused
     bool isLongPath = false;  ///< the way round the other side as well

@@ -1,8 +1,12 @@
 #include "batch/options.h"
 
+#include "batch/box_text.h"
+#include "core/number_text.h"
 #include "records/format.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <getopt.h>
 #include <optional>
 
@@ -13,29 +17,46 @@ namespace {
 constexpr std::string_view programName = "orbisgrid-batch";
 
 constexpr std::array table{
-    OptionRow{"home", 0, "LOCATOR", true, false, "Home of every line that names none"},
-    OptionRow{"from", 0, "NOTATION", false, true,
-              "auto (if not given), locator, decimal, dms or uiview"},
-    OptionRow{"characters", 0, "NUMBER", false, true, "length of the locator written: 6, 8 or 10"},
-    OptionRow{"input", 0, "FORMAT", true, true, "lines, csv, tsv or adif; guessed if not given"},
-    OptionRow{"output", 0, "FORMAT", true, true,
-              "the same as the input, or json (one object a line)"},
-    OptionRow{"home-column", 0, "NAME", true, false, "column of Home (my_gridsquare, home)"},
-    OptionRow{"target-column", 0, "NAME", true, true,
+    OptionRow{"home", 0, "LOCATOR", "dm", "Home of every line that names none"},
+    OptionRow{"from", 0, "NOTATION", "c", "auto (if not given), locator, decimal, dms or uiview"},
+    OptionRow{"characters", 0, "NUMBER", "c", "length of the locator written: 6, 8 or 10"},
+    OptionRow{"radius", 0, "KM", "m", "how far the map reaches: 100 to 20003, the world"},
+    OptionRow{"at", 0, "UTC", "m", "day and night at a moment: 2026-06-21T12:00:00Z"},
+    OptionRow{"input", 0, "FORMAT", "dcm", "lines, csv, tsv or adif; guessed if not given"},
+    OptionRow{"output", 0, "FORMAT", "dc", "the same as the input, or json (one object a line)"},
+    OptionRow{"home-column", 0, "NAME", "dm", "column of Home (my_gridsquare, home)"},
+    OptionRow{"target-column", 0, "NAME", "dcm",
               "column of the Target (gridsquare, target, locator)"},
-    OptionRow{"header", 0, {}, true, true, "the first of the lines is a header"},
-    OptionRow{"long-path", 0, {}, true, false, "the way round the other side as well"},
-    OptionRow{"ellipsoid", 0, {}, true, false, "the distance on WGS-84 as well"},
-    OptionRow{"replace", 0, {}, true, true, "write results anew that are there already"},
-    OptionRow{{}, 'o', "FILE", true, true, "write to FILE, which is replaced when all is done"},
-    OptionRow{"strict", 0, {}, true, true, "stop at the first line that is refused"},
-    OptionRow{"quiet", 0, {}, true, true, "say nothing about lines that are refused"},
-    OptionRow{"help", 0, {}, true, true, "show this text"},
-    OptionRow{"version", 0, {}, true, true, "show the version"},
+    OptionRow{"header", 0, {}, "dcm", "the first of the lines is a header"},
+    OptionRow{"long-path", 0, {}, "d", "the way round the other side as well"},
+    OptionRow{"ellipsoid", 0, {}, "d", "the distance on WGS-84 as well"},
+    OptionRow{"replace", 0, {}, "dc", "write results anew that are there already"},
+    OptionRow{{}, 'o', "FILE", "dcm", "write to FILE, which is replaced when all is done"},
+    OptionRow{"strict", 0, {}, "dcm", "stop at the first line that is refused"},
+    OptionRow{"quiet", 0, {}, "dcm", "say nothing about lines that are refused"},
+    OptionRow{"help", 0, {}, "dcm", "show this text"},
+    OptionRow{"version", 0, {}, "dcm", "show the version"},
 };
 
 std::string_view nameOf(Command command) {
+    if (command == Command::map)
+        return "map";
     return command == Command::distance ? "distance" : "convert";
+}
+
+/// What a command is for, in a line of its help.
+std::string_view purposeOf(Command command) {
+    if (command == Command::map)
+        return "A map (SVG) around Home with the Target of each line, row or contact.";
+    return command == Command::distance
+               ? "Distance, azimuth and both positions for each line, row or contact."
+               : "One position in all notations for each line, row or contact.";
+}
+
+std::string_view exampleOf(Command command) {
+    return command == Command::convert
+               ? "LINE: JO20AW, \"50.9375 4.041667\", \"50°56'15\"N 4°2'30\"E\" ..."
+               : "LINE: \"JO20AW FN42AA\", or one locator and --home.";
 }
 
 std::string versionLine() {
@@ -120,6 +141,7 @@ void InvocationReader::take(const OptionRow& option, const std::string& value) {
     const std::string_view name = option.name;
     if (name == "home") {
         m_call.distance.home = value;
+        m_call.map.home = value;
         if (!isLocator(value))
             refuse("Invalid locator! (" + value + ")");
     } else if (name == "from") {
@@ -131,6 +153,15 @@ void InvocationReader::take(const OptionRow& option, const std::string& value) {
         if (value != "6" && value != "8" && value != "10")
             refuse("a locator has 6, 8 or 10 characters and not " + value);
         m_call.convert.characters = value == "6" ? 6 : value == "8" ? 8 : 10;
+    } else if (name == "radius") {
+        const auto radius = strictNumber(fromUtf8(value));
+        if (!radius || *radius < smallestRadius || *radius > std::ceil(halfCircumference))
+            refuse("a radius is 100 to 20003 km and not " + value);
+        m_call.map.radiusKilometres = std::min(radius.value_or(0), halfCircumference);
+    } else if (name == "at") {
+        m_call.map.moment = parsedMoment(value);
+        if (!m_call.map.moment)
+            refuse("a moment is like 2026-06-21T12:00:00Z and not " + value);
     } else if (name == "input") {
         takeFormat(m_call.run.input, true, value);
     } else if (name == "output") {
@@ -179,6 +210,7 @@ std::string generalHelp() {
            "Commands:\n"
            "  distance   distance, azimuth and both positions of two locators\n"
            "  convert    one position in all notations\n"
+           "  map        a map around Home with all Targets, as SVG\n"
            "\n"
            "orbisgrid-batch COMMAND --help shows the options of a command.\n"
            "      --help     show this text\n"
@@ -200,16 +232,16 @@ std::string syntaxOf(const OptionRow& option) {
 }
 
 bool isOptionOf(const OptionRow& option, Command command) {
-    return command == Command::distance ? option.isOfDistance : option.isOfConvert;
+    return option.commands.find(nameOf(command).front()) != std::string_view::npos;
 }
 
 Invocation readInvocation(std::span<char* const> arguments) {
     const std::string_view first = arguments.size() > 1 ? arguments[1] : "";
     Invocation call;
-    if (first == "distance")
-        return InvocationReader(Command::distance).read(arguments.subspan(1));
-    if (first == "convert")
-        return InvocationReader(Command::convert).read(arguments.subspan(1));
+    for (const Command command : {Command::distance, Command::convert, Command::map}) {
+        if (first == nameOf(command))
+            return InvocationReader(command).read(arguments.subspan(1));
+    }
     if (first == "--help")
         call.shown = helpText(Command::none);
     else if (first == "--version")
@@ -227,12 +259,9 @@ std::string helpText(Command command) {
     if (command == Command::none)
         return generalHelp();
     constexpr std::size_t column = 28;
-    const bool isDistance = command == Command::distance;
-    std::string text =
-        "Usage: orbisgrid-batch " + std::string(nameOf(command)) + " [OPTION]... [FILE]...\n";
-    text += isDistance ? "Distance, azimuth and both positions for each line, row or contact.\n"
-                       : "One position in all notations for each line, row or contact.\n";
-    text += "Without FILE, or where it is -, reads the standard input.\n\n";
+    std::string text = "Usage: orbisgrid-batch ";
+    text.append(nameOf(command)).append(" [OPTION]... [FILE]...\n").append(purposeOf(command));
+    text += "\nWithout FILE, or where it is -, reads the standard input.\n\n";
     for (const OptionRow& option : table) {
         if (!isOptionOf(option, command))
             continue;
@@ -241,8 +270,7 @@ std::string helpText(Command command) {
         line.resize(column, ' ');
         text.append(line).append(option.meaning) += '\n';
     }
-    text += isDistance ? "\nLINE: \"JO20AW FN42AA\", or one locator and --home.\n"
-                       : "\nLINE: JO20AW, \"50.9375 4.041667\", \"50°56'15\"N 4°2'30\"E\" ...\n";
+    text.append("\n").append(exampleOf(command)).append("\n");
     text += "Exit status: 0 all passed, 1 some refused, 2 wrong usage or a file that failed.\n";
     return text;
 }

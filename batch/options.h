@@ -3,6 +3,7 @@
 #include "batch/batch_run.h"
 #include "batch/convert.h"
 #include "batch/distance.h"
+#include "batch/map_task.h"
 
 #include <span>
 #include <string>
@@ -12,7 +13,7 @@
 namespace orbisgrid {
 
 /// What the program is asked for.
-enum class Command { none, distance, convert };
+enum class Command { none, distance, convert, map };
 
 /// One option of the program: the one place from which its help, its manual page and its completion
 /// have it.
@@ -20,8 +21,7 @@ struct OptionRow {
     std::string_view name;     ///< behind "--"; empty where it has a letter alone
     char letter = 0;           ///< behind "-"; 0: none
     std::string_view argument; ///< what it takes, for people; empty: nothing
-    bool isOfDistance = true;
-    bool isOfConvert = true;
+    std::string_view commands; ///< the first letters of those that know it
     std::string_view meaning;
 };
 
@@ -41,6 +41,7 @@ struct Invocation {
     RunOptions run;
     DistanceOptions distance;
     ConvertOptions convert;
+    MapOptions map;                 ///< without outlines, which are not said there
     std::string outputFile;         ///< empty: standard output
     std::vector<std::string> files; ///< "-": standard input; one at least
 };

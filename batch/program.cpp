@@ -2,6 +2,8 @@
 
 #include "batch/options.h"
 #include "platform/byte_stream.h"
+#include "platform/program_folder.h"
+#include "platform/safe_file.h"
 
 #include <cerrno>
 #include <memory>
@@ -74,6 +76,15 @@ int work(const Invocation& call, ByteSink& output, StreamSink& messages) {
     return static_cast<int>(run.finish());
 }
 
+/// They lie beside the executable. A map without them is one all the same.
+void readOutlines(MapOptions& map, StreamSink& messages) {
+    const std::string path = executableFolder() + "/orbisgrid-map.dat";
+    if (const auto bytes = readFile(path))
+        map.outlines = Outlines::decode(*bytes);
+    if (!map.outlines)
+        std::ignore = messages.write("orbisgrid-batch: no outlines of land: " + path + "\n");
+}
+
 int print(const std::string& text) {
     StreamSink output(standardOutput);
     int error = output.write(text);
@@ -90,11 +101,13 @@ int print(const std::string& text) {
 std::unique_ptr<Task> makeTask(const Invocation& call) {
     if (call.command == Command::distance)
         return std::make_unique<DistanceTask>(call.distance);
+    if (call.command == Command::map)
+        return std::make_unique<MapTask>(call.map);
     return std::make_unique<ConvertTask>(call.convert);
 }
 
 int runProgram(std::span<char* const> arguments) {
-    const Invocation call = readInvocation(arguments);
+    Invocation call = readInvocation(arguments);
     if (!call.wrong.empty()) {
         std::ignore = StreamSink(standardError).write(call.wrong + "\n");
         return static_cast<int>(Status::failed);
@@ -102,6 +115,8 @@ int runProgram(std::span<char* const> arguments) {
     if (!call.shown.empty())
         return print(call.shown);
     StreamSink messages(standardError);
+    if (call.command == Command::map)
+        readOutlines(call.map, messages);
     if (call.outputFile.empty()) {
         StreamSink output(standardOutput);
         return work(call, output, messages);

@@ -56,6 +56,12 @@ public:
     virtual void putFields(const Question& question, const Values& values,
                            ContactFields& fields) = 0;
 
+    /// Whether records go out with their results.
+    virtual bool writesRecords() const { return true; }
+
+    /// What is written behind all records; nothing where there can be none.
+    virtual std::optional<std::string> ending() { return std::string(); }
+
     /// The columns that a table may have its target in.
     virtual std::vector<std::string_view> targetColumns() const = 0;
 

@@ -62,6 +62,21 @@ TEST(BatchProgram, UnknownOptionIsOneLine) {
               "orbisgrid-batch: unknown option --foo (see orbisgrid-batch distance --help)\n");
 }
 
+TEST(BatchProgram, MakesAMapWithTheOutlinesBesideIt) {
+    const TemporaryFolder folder;
+    const std::string list = folder.make("list", "FN42AA\n");
+    const std::string map = run("map --home JO20AW " + list).output;
+    EXPECT_TRUE(map.starts_with("<?xml")) << map.substr(0, 200);
+    EXPECT_NE(map.find("class=\"land\""), std::string::npos);
+    // Alone it has none, and says so.
+    const std::string alone = folder.path("orbisgrid-batch");
+    std::filesystem::copy_file(program, alone);
+    const ShellResult result = shell(alone + " map --home JO20AW " + list + " 2>&1 >/dev/null");
+    EXPECT_EQ(result.output,
+              "orbisgrid-batch: no outlines of land: " + folder.path("orbisgrid-map.dat") + "\n");
+    EXPECT_EQ(result.status, 0);
+}
+
 // What cannot be read or written -----------------------------------------------------------------
 
 TEST(BatchProgram, AFullDisk) {

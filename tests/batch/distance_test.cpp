@@ -1,3 +1,4 @@
+#include "batch/box_text.h"
 #include "batch/distance.h"
 #include "core/number_text.h"
 #include "panels/home_target.h"

@@ -159,8 +159,9 @@ std::set<std::string> offered(const std::string& words) {
 }
 
 TEST(BatchCompletion, OffersEachOptionOfACommand) {
-    for (const auto& [name, command] :
-         {std::pair{"distance", Command::distance}, {"convert", Command::convert}}) {
+    for (const auto& [name, command] : {std::pair{"distance", Command::distance},
+                                        {"convert", Command::convert},
+                                        {"map", Command::map}}) {
         std::set<std::string> known;
         for (const OptionRow& option : optionTable()) {
             if (isOptionOf(option, command))
@@ -172,7 +173,7 @@ TEST(BatchCompletion, OffersEachOptionOfACommand) {
 
 TEST(BatchCompletion, OffersCommandsFormatsAndFiles) {
     using Words = std::set<std::string>;
-    EXPECT_EQ(offered("\"\""), (Words{"distance", "convert", "--help", "--version"}));
+    EXPECT_EQ(offered("\"\""), (Words{"distance", "convert", "map", "--help", "--version"}));
     EXPECT_EQ(offered("distance --input \"\""), (Words{"lines", "csv", "tsv", "adif"}));
     EXPECT_EQ(offered("distance --output j"), Words{"json"});
     EXPECT_EQ(offered("convert --from d"), (Words{"decimal", "dms"}));

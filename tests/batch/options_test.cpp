@@ -66,6 +66,19 @@ TEST(Invocation, TakesTheOptionsOfConvert) {
     EXPECT_EQ(call.files, std::vector<std::string>{"-"});
 }
 
+TEST(Invocation, TakesTheOptionsOfMap) {
+    const Invocation call = invocationOf(
+        {"map", "--home", "JO20", "--radius", "100", "--at", "2026-06-21T12:00:00Z", "list"});
+    EXPECT_EQ(call.wrong, "");
+    EXPECT_EQ(call.command, Command::map);
+    EXPECT_EQ(call.map.home, "JO20");
+    EXPECT_EQ(call.map.radiusKilometres, 100);
+    EXPECT_EQ(call.map.moment, parsedMoment("2026-06-21T12:00:00Z"));
+    EXPECT_EQ(invocationOf({"map"}).map.radiusKilometres, halfCircumference);
+    EXPECT_EQ(invocationOf({"map", "--radius", "20003"}).map.radiusKilometres, halfCircumference);
+    EXPECT_EQ(invocationOf({"map", "--radius", "2500.5"}).map.radiusKilometres, 2500.5);
+}
+
 TEST(Invocation, OptionsMayFollowFilesAndBeShortened) {
     const Invocation call = invocationOf({"distance", "a", "--ellip", "--", "--quiet"});
     EXPECT_EQ(call.wrong, "");
@@ -92,6 +105,13 @@ TEST(Invocation, SaysWhatIsWrongInOneLine) {
     EXPECT_EQ(wrong({"convert", "--from", "x"}), "orbisgrid-batch: unknown notation x");
     EXPECT_EQ(wrong({"convert", "--characters", "7"}),
               "orbisgrid-batch: a locator has 6, 8 or 10 characters and not 7");
+    for (const char* radius : {"99.9", "20003.1", "x", ""})
+        EXPECT_EQ(
+            wrong({"map", "--radius", radius}),
+            std::string("orbisgrid-batch: a radius is 100 to 20003 km and not ").append(radius));
+    EXPECT_EQ(wrong({"map", "--at", "noon"}),
+              "orbisgrid-batch: a moment is like 2026-06-21T12:00:00Z and not noon");
+    EXPECT_EQ(wrong({"map", "--output", "json"}), "orbisgrid-batch: unknown option --output");
     EXPECT_TRUE(
         invocationOf({"convert", "-x"}).wrong.ends_with(" (see orbisgrid-batch convert --help)"));
 }
@@ -103,8 +123,10 @@ TEST(Invocation, TheFirstThingDecides) {
 
 // What it tells ---------------------------------------------------------------------------------
 
-const std::vector<std::pair<std::string, Command>> helps{
-    {"", Command::none}, {"distance ", Command::distance}, {"convert ", Command::convert}};
+const std::vector<std::pair<std::string, Command>> helps{{"", Command::none},
+                                                         {"distance ", Command::distance},
+                                                         {"convert ", Command::convert},
+                                                         {"map ", Command::map}};
 
 TEST(Help, FitsAScreen) {
     for (const auto& [words, command] : helps) {
@@ -118,7 +140,7 @@ TEST(Help, FitsAScreen) {
 }
 
 TEST(Help, HasEachOptionOfItsCommandAndNoOther) {
-    for (const Command command : {Command::distance, Command::convert}) {
+    for (const Command command : {Command::distance, Command::convert, Command::map}) {
         const std::string text = helpText(command);
         for (const OptionRow& option : optionTable()) {
             const std::string name = option.letter != 0 ? std::string("  -") + option.letter
@@ -132,7 +154,8 @@ TEST(Help, HasEachOptionOfItsCommandAndNoOther) {
 }
 
 TEST(Version, IsTheProjects) {
-    for (const char* words : {"--version", "distance --version", "convert --version"})
+    for (const char* words :
+         {"--version", "distance --version", "convert --version", "map --version"})
         EXPECT_EQ(test::runBatch(words, "", "").output, "orbisgrid-batch 3.1.1\n");
 }
 

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "core/text.h"
+
+#include <string_view>
+
+namespace orbisgrid {
+
+/// What the box of Home or Target holds of a locator: its first six characters. Calculate takes
+/// blanks (code 32) around them away, and no tabs.
+[[nodiscard]] std::string_view inItsBox(std::string_view locator);
+
+/// Bytes of a list as a text. One that is none of ASCII becomes U+FFFD: it is no locator character,
+/// whatever letter it is part of.
+[[nodiscard]] Text widened(std::string_view bytes);
+
+/// Whether a text is a locator that can be Home: what counts of it passes the check of Calculate.
+[[nodiscard]] bool isLocator(std::string_view text);
+
+} // namespace orbisgrid
