@@ -1,32 +1,58 @@
 #include "batch/contact_list.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
 
 namespace orbisgrid {
+
+namespace {
+
+/// The fields that a question is made of.
+constexpr std::array<std::string_view, 6> names{"MY_GRIDSQUARE", "GRIDSQUARE", "GRIDSQUARE_EXT",
+                                                "LAT",           "LON",        "ANT_PATH"};
+
+/// A bit for each length that one of the names has.
+constexpr std::uint32_t lengthsOfNames = [] {
+    std::uint32_t lengths = 0;
+    for (const std::string_view name : names)
+        lengths |= 1U << name.size();
+    return lengths;
+}();
+
+} // namespace
 
 ContactList::ContactList(RecordWindow& window, Task& task, const ListOptions& options)
     : List(task, options)
     , m_reader(window) {}
 
-/// Without white space, which a length that is too large has in it.
-std::string_view ContactList::valueOf(std::string_view name) const {
-    const Field* field = fieldOf(record(), name);
-    return field == nullptr ? std::string_view{} : withoutWhiteSpace(field->value);
+/// One pass for all of them: most of a contact's fields are others, which their lengths tell.
+void ContactList::findFields() {
+    m_found.fill({});
+    for (const Field& field : record().fields) {
+        if (field.name.size() >= 32 || (lengthsOfNames >> field.name.size() & 1U) == 0)
+            continue;
+        for (std::size_t i = 0; i < names.size(); ++i) {
+            // Without white space, which a length that is too large has in it.
+            if (m_found[i].empty() && isNamed(field, names[i]))
+                m_found[i] = withoutWhiteSpace(field.value);
+        }
+    }
 }
 
 Question ContactList::question() {
+    findFields();
+    const auto& [home, target, extension, latitude, longitude, path] = m_found;
     Question question;
-    question.home = valueOf("MY_GRIDSQUARE");
-    question.target = valueOf("GRIDSQUARE");
-    const std::string_view path = valueOf("ANT_PATH");
+    question.home = home;
+    question.target = target;
     question.isLongWay = path == "L" || path == "l";
     if (question.target.empty()) {
-        const std::string_view latitude = valueOf("LAT"), longitude = valueOf("LON");
         question.place = placeOf(latitude, longitude);
         if (!question.place && !(latitude.empty() && longitude.empty()))
             question.refusal = "LAT and LON name no place!";
         question.target = latitude;
-    } else if (const std::string_view extension = valueOf("GRIDSQUARE_EXT"); !extension.empty()) {
+    } else if (!extension.empty()) {
         (m_target = question.target) += extension;
         question.target = m_target;
     }

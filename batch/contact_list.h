@@ -3,7 +3,9 @@
 #include "batch/list.h"
 #include "records/adif.h"
 
+#include <array>
 #include <string>
+#include <string_view>
 
 namespace orbisgrid {
 
@@ -22,10 +24,11 @@ protected:
     Reading read(Record& record) override { return m_reader.next(record); }
 
 private:
-    std::string_view valueOf(std::string_view name) const;
+    void findFields();
 
     AdifReader m_reader;
-    std::string m_target; ///< of two fields
+    std::array<std::string_view, 6> m_found; ///< the values of the fields that are asked for
+    std::string m_target;                    ///< of two of them
     ContactFields m_fields;
 };
 

@@ -11,7 +11,7 @@ namespace {
 constexpr std::size_t firstBlock = std::size_t{1} << 12U;
 
 /// ... and in the end: with more, a file is not read quicker.
-constexpr std::size_t lastBlock = std::size_t{1} << 16U;
+constexpr std::size_t lastBlock = std::size_t{1} << 17U;
 
 } // namespace
 

@@ -26,7 +26,7 @@ ALL_PACKAGES=(libclang-rt-dev lld valgrind gcovr clang-19 llvm-19 libclang-rt-19
 ROOT_PACKAGES=(debootstrap)
 
 # For the benchmarks; the peers to compare with are optional.
-BENCHMARK_PACKAGES=(libbenchmark-dev libxcb-damage0-dev)
+BENCHMARK_PACKAGES=(libbenchmark-dev libxcb-damage0-dev wwl geographiclib-tools)
 
 # By what a package is known where there is no dpkg: a command, or a library (pkg-config). One that is
 # not in this list is taken to be there: its name says nothing elsewhere, and the build or a test
@@ -40,7 +40,8 @@ declare -A KNOWN_BY=(
   [dpkg-dev]=dpkg-shlibdeps [file]=file [lintian]=lintian [desktop-file-utils]=desktop-file-validate
   [appstream]=appstreamcli [man-db]=lexgrog [shellcheck]=shellcheck [lld]=ld.lld [valgrind]=valgrind
   [gcovr]=gcovr [clang-19]=clang++-19 [llvm-19]=llvm-cov-19 [debootstrap]=debootstrap
-  [libbenchmark-dev]=lib:benchmark [libxcb-damage0-dev]=lib:xcb-damage)
+  [libbenchmark-dev]=lib:benchmark [libxcb-damage0-dev]=lib:xcb-damage [wwl]=wwl
+  [geographiclib-tools]=GeodSolve)
 
 is_there() { # <package>
   if command -v dpkg-query >/dev/null; then
