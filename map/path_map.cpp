@@ -61,7 +61,7 @@ struct Bearing {
     }
 };
 
-/// The text that a map is being made of.
+/// Makes one picture, from its background to its least important text.
 class PathMapPainter {
 public:
     explicit PathMapPainter(const PathMapOptions& options)

@@ -33,8 +33,7 @@ std::vector<Picture::Polyline> clippedLine(const MapFrame& frame, const Places& 
     return std::move(clip).lines();
 }
 
-/// The area of rings of which the inside holds `inside` and is smaller than a hemisphere of a known
-/// middle: what lies within `radius` degrees of it counts as inside where the rim asks.
+/// The visible part of the area within rings; `isInside` knows it too.
 std::vector<Picture::Polyline> clippedArea(const MapFrame& frame, const std::vector<Places>& rings,
                                            const RimClip::IsInside& isInside) {
     RimClip clip(frame);
