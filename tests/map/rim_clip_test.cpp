@@ -42,8 +42,7 @@ std::vector<Picture::Polyline> clippedArea(const MapFrame& frame, const std::vec
     return std::move(clip).area(isInside);
 }
 
-/// Inside of a square of 2 x `half` degrees of latitude and longitude around a place on the
-/// equator.
+/// The corners of a square of 2 x `half` degrees of latitude and longitude.
 Places square(Position middle, double half) {
     const auto [latitude, longitude] = middle;
     return {{latitude - half, longitude - half},
@@ -52,6 +51,7 @@ Places square(Position middle, double half) {
             {latitude + half, longitude - half}};
 }
 
+/// What lies within such a square; close to the equator, where its sides are nearly parallels.
 RimClip::IsInside insideOf(Position middle, double half) {
     return [=](const Direction& direction) {
         const Position place = positionOf(direction);
