@@ -1,6 +1,7 @@
 #include "ui/path_map_window.h"
 
 #include "map/map_words.h"
+#include "platform/byte_stream.h"
 #include "platform/safe_file.h"
 #include "ui/panel_parts.h"
 #include "ui/path_map_accessible.h"
@@ -21,7 +22,6 @@
 #include <QVBoxLayout>
 
 #include <cerrno>
-#include <cstring>
 
 namespace orbisgrid {
 
@@ -156,11 +156,11 @@ void PathMap::askForFile() {
 void PathMap::savePicture(const QString& fileName) {
     const QByteArray bytes =
         pictureFile(pathMap(m_view->options()), words(), pictureKindOf(fileName));
-    errno = 0;
-    if (saveFile(QFile::encodeName(fileName).toStdString(), bytes.toStdString()))
+    FileReplacement file(QFile::encodeName(fileName).toStdString());
+    if (file.write({bytes.constData(), static_cast<std::size_t>(bytes.size())}) && file.finish())
         return;
-    const QString reason = errno == 0 ? QStringLiteral("it is not a file that can be replaced")
-                                      : QString::fromLocal8Bit(std::strerror(errno));
+    const QString reason = file.error() == EINVAL ? QStringLiteral("it is a device or a pipe")
+                                                  : QString::fromStdString(reasonOf(file.error()));
     showMessageBox(this, {toText(QStringLiteral("The picture was not saved: ") + reason + u'.'),
                           u"Save picture", MessageIcon::exclamation});
 }

@@ -8,6 +8,7 @@
 #include "core/number_text.h"
 #include "geodesy/calc_dist_azimuth.h"
 #include "geodesy/great_circle.h"
+#include "map/caption.h"
 #include "tests/support/table.h"
 
 #include <algorithm>
@@ -179,6 +180,22 @@ std::string compressedExample(const Parts& in) {
     return toUtf8(compressedText({std::stod(in[1]), std::stod(in[2])}));
 }
 
+/// The line below the map, up to its long path and behind it.
+std::array<std::string, 2> mapLine(const Parts& in) {
+    const std::string line = toUtf8(pathCaption({fromUtf8(in[1]), fromUtf8(in[2])}).value());
+    const std::string names = in[1] + " to " + in[2] + ": ", between = "; long path ";
+    const std::size_t split = line.find(between);
+    return {line.substr(names.size(), split - names.size()), line.substr(split + between.size())};
+}
+
+std::string pathExample(const Parts& in) {
+    return mapLine(in)[0];
+}
+
+std::string longPathExample(const Parts& in) {
+    return mapLine(in)[1];
+}
+
 /// A kind of example: a pattern whose last group is what `compute` must give for the others.
 struct Kind {
     const char* name;
@@ -193,6 +210,8 @@ std::ostream& operator<<(std::ostream& stream, const Kind& kind) {
 
 const Kind kinds[] = {
     {"distance", "    Home (\\w+), Target (\\w+): (.*)", distanceExample, 5},
+    {"path on the map", "    Path (\\w+) to (\\w+): (.*)", pathExample, 2},
+    {"long path", "    Long path (\\w+) to (\\w+): (.*)", longPathExample, 2},
     {"neighbours", "    From (\\w+) to (\\w+): (.*)", neighboursExample, 3},
     {"locator", "    Locator (\\w+) is (.*)", locatorExample, 5},
     {"extended locator", "    Extended (\\w+) is (.*)", extendedExample, 5},
@@ -303,7 +322,7 @@ TEST(Manual, HasAChapterForEachLineOfItsContents) {
         EXPECT_EQ(*(chapter + 1), std::string(heading.size(), '-')) << heading;
         ++chapters;
     }
-    EXPECT_EQ(chapters, 15);
+    EXPECT_EQ(chapters, 16);
 }
 
 // The file beside it -----------------------------------------------------------------------------

@@ -339,15 +339,22 @@ private Q_SLOTS:
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
     }
 
+    void aFailureIsSaidWithItsReason_data() {
+        QTest::addColumn<QString>("target");
+        QTest::newRow("it is a device or a pipe") << QStringLiteral("/dev/full");
+        QTest::newRow("No such file or directory") << QStringLiteral("/nowhere/map.svg");
+    }
+
     void aFailureIsSaidWithItsReason() {
         const QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("map.svg"));
-        QVERIFY(QFile::link(QStringLiteral("/dev/full"), path));
+        QFETCH(const QString, target);
+        QVERIFY(QFile::link(target, path));
         m_map->open(bostonPath);
         announceSaving(path);
-        m_map->watchdog().expectMessageBox(
-            QStringLiteral("The picture was not saved: it is not a file that can be replaced."),
-            QStringLiteral("Save picture"), QMessageBox::Warning);
+        m_map->watchdog().expectMessageBox(QStringLiteral("The picture was not saved: ") +
+                                               QString::fromLatin1(QTest::currentDataTag()) + u'.',
+                                           QStringLiteral("Save picture"), QMessageBox::Warning);
         choose("mnuSavePicture");
     }
 
@@ -459,7 +466,8 @@ private:
     void announceSaving(const QString& path) {
         m_map->watchdog().expectDialog(QStringLiteral("dlgSavePicture"), [path](QDialog& dialog) {
             auto& files = static_cast<QFileDialog&>(dialog);
-            files.setOption(QFileDialog::DontConfirmOverwrite);
+            if (QFile::exists(path))
+                files.setOption(QFileDialog::DontConfirmOverwrite);
             files.selectFile(path);
             QMetaObject::invokeMethod(&files, "accept");
         });
