@@ -85,8 +85,9 @@ TEST_F(InstallationTest, StartsThroughTheLinkWithoutADisplay) {
 }
 
 TEST_F(InstallationTest, WorksALog) {
-    const ShellResult result = shell("echo JO20AW FN42AA | " + test::freshSession(home()) +
-                                     quoted(prefix() / "bin/orbisgrid-batch") + " distance 2>&1");
+    const ShellResult result =
+        shell(test::freshSession(home()) + "sh -c 'echo JO20AW FN42AA | \"$0\" distance 2>&1' " +
+              quoted(prefix() / "bin/orbisgrid-batch"));
     EXPECT_EQ(result.status, 0);
     EXPECT_TRUE(result.output.starts_with("JO20AW FN42AA\t5637\t")) << result.output;
 }
