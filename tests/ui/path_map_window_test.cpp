@@ -321,7 +321,7 @@ private Q_SLOTS:
         QTest::newRow("map.svg") << QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg");
         QTest::newRow("map.png") << QByteArray("\x89PNG");
         QTest::newRow("map.PDF") << QByteArray("%PDF-1.");
-        QTest::newRow("map") << QByteArray("<?xml");
+        QTest::newRow("without an end") << QByteArray("<?xml");
     }
 
     void savesByTheNamesEnd() {
