@@ -46,10 +46,11 @@ protected:
 TEST_F(DebianPackageTest, HasItsFiles) {
     std::set<std::string> expected{
         "-rwxr-xr-x root/root ./usr/bin/orbisgrid",
-        "-rwxr-xr-x root/root ./usr/bin/orbisgrid-batch",
+        "lrwxrwxrwx root/root ./usr/bin/orbisgrid-batch",
         "-rw-r--r-- root/root ./usr/libexec/orbisgrid/Orbisgrid.ini",
         "-rw-r--r-- root/root ./usr/libexec/orbisgrid/Readme.txt",
         "-rwxr-xr-x root/root ./usr/libexec/orbisgrid/orbisgrid",
+        "-rwxr-xr-x root/root ./usr/libexec/orbisgrid/orbisgrid-batch",
         "-rw-r--r-- root/root ./usr/libexec/orbisgrid/orbisgrid-map.dat",
         "-rw-r--r-- root/root ./usr/libexec/orbisgrid/orbisgrid-window.so",
         "-rw-r--r-- root/root ./usr/share/applications/orbisgrid.desktop",

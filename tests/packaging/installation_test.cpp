@@ -59,6 +59,7 @@ TEST_F(InstallationTest, HasItsFiles) {
         "lib/orbisgrid/Orbisgrid.ini",
         "lib/orbisgrid/Readme.txt",
         "lib/orbisgrid/orbisgrid",
+        "lib/orbisgrid/orbisgrid-batch",
         "lib/orbisgrid/orbisgrid-map.dat",
         "lib/orbisgrid/orbisgrid-window.so",
         "share/applications/orbisgrid.desktop",
