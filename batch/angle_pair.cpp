@@ -237,6 +237,15 @@ bool areSeparatorsBetween(Parts parts) {
     return isBetween;
 }
 
+/// With letters a separator can only stand where the second angle begins.
+bool isBorderClear(Parts parts, std::size_t middle) {
+    if (count(parts, Kind::letter) == 0 || count(parts, Kind::separator) == 0)
+        return true;
+    const bool isThere =
+        parts[middle].kind == Kind::separator || parts[middle - 1].kind == Kind::separator;
+    return isThere && count(parts, Kind::separator) == 1;
+}
+
 bool isAmong(char16_t letter, TextView letters) {
     return letter == 0 || letters.find(letter) != TextView::npos;
 }
@@ -248,7 +257,7 @@ std::optional<AnglePair> readAnglePair(TextView text, Comma comma) {
     if (!parts || !areSeparatorsBetween(*parts))
         return std::nullopt;
     const auto middle = border(*parts);
-    if (!middle)
+    if (!middle || !isBorderClear(*parts, *middle))
         return std::nullopt;
     // A separator has done its work.
     const auto isSeparator = [](const Part& part) { return part.kind == Kind::separator; };

@@ -67,12 +67,11 @@ private:
     ByteSource& m_source;
 };
 
-BatchRun::BatchRun(const RunOptions& options, Task& task, ByteSink& output, ByteSink& messages,
-                   Progress& progress)
+BatchRun::BatchRun(const RunOptions& options, Task& task, RunSinks sinks, Progress& progress)
     : m_options(options)
     , m_task(task)
-    , m_output(output)
-    , m_messages(messages)
+    , m_output(sinks.output)
+    , m_messages(sinks.messages)
     , m_progress(progress)
     , m_values(task.columns().size()) {}
 
@@ -159,11 +158,11 @@ bool BatchRun::answer(List& list, const std::string& name, bool isJson) {
                                                    : Answer{question.refusal, {}, question.target};
     if (!answer.refusal.empty()) {
         ++m_refused;
-        sayOf(list.record(), name, answer.refusal, answer.text);
+        sayOf(list.record(), name, {answer.refusal, answer.text});
         if (m_options.isStrict)
             return stop(Status::someRefused);
     } else if (!answer.remark.empty()) {
-        sayOf(list.record(), name, answer.remark, answer.text);
+        sayOf(list.record(), name, {answer.remark, answer.text});
     }
     if (isJson)
         writeJson(list, answer.refusal);
@@ -189,14 +188,13 @@ void BatchRun::writeJson(List& list, std::string_view refusal) {
     object.end();
 }
 
-void BatchRun::sayOf(const Record& record, const std::string& name, std::string_view what,
-                     std::string_view text) {
+void BatchRun::sayOf(const Record& record, const std::string& name, const Notice& notice) {
     if (m_options.isQuiet)
         return;
     std::string line = printable(name) + ":" + std::to_string(record.line) + ": ";
-    line += what;
-    if (!text.empty())
-        (line += " (").append(shortened(text)) += ')';
+    line += notice.what;
+    if (!notice.text.empty())
+        (line += " (").append(shortened(notice.text)) += ')';
     say(line);
 }
 

@@ -30,12 +30,17 @@ struct RunOptions {
     std::string outputName = "standard output";
 };
 
+/// Where a run writes.
+struct RunSinks {
+    ByteSink& output;
+    ByteSink& messages; ///< for a person
+};
+
 /// Puts lists through a task, one after the other, and counts.
 class BatchRun {
 public:
-    /// Everything is kept as a reference. `messages` are for a person.
-    BatchRun(const RunOptions& options, Task& task, ByteSink& output, ByteSink& messages,
-             Progress& progress);
+    /// Everything is kept as a reference.
+    BatchRun(const RunOptions& options, Task& task, RunSinks sinks, Progress& progress);
 
     BatchRun(const BatchRun&) = delete;
     BatchRun& operator=(const BatchRun&) = delete;
@@ -52,13 +57,17 @@ public:
 private:
     class WatchedSource;
 
+    /// What is said of a record, and which text of it that is about.
+    struct Notice {
+        std::string_view what, text;
+    };
+
     std::optional<Format> formatOf(RecordWindow& window, const std::string& name);
     bool processRecords(List& list, const std::string& name, bool isJson);
     bool answer(List& list, const std::string& name, bool isJson);
     void writeJson(List& list, std::string_view refusal);
     void say(std::string_view line);
-    void sayOf(const Record& record, const std::string& name, std::string_view what,
-               std::string_view text);
+    void sayOf(const Record& record, const std::string& name, const Notice& notice);
     bool flush();
     void sayNow();
     bool stop(Status status);

@@ -97,7 +97,7 @@ std::vector<option> longOptions(Command command) {
 
 const OptionRow* rowOf(int found) {
     for (std::size_t i = 0; i < table.size(); ++i) {
-        if (found == firstRow + static_cast<int>(i) || (found != 0 && found == table.at(i).letter))
+        if (found == firstRow + static_cast<int>(i) || found == table.at(i).letter)
             return &table.at(i);
     }
     return nullptr;

@@ -71,7 +71,7 @@ int work(const Invocation& call, ByteSink& output, StreamSink& messages) {
     if (show)
         progress.setTotal(totalOf(call.files));
     const auto task = makeTask(call);
-    BatchRun run(call.run, *task, output, messages, progress);
+    BatchRun run(call.run, *task, {output, messages}, progress);
     processAll(call, run);
     return static_cast<int>(run.finish());
 }

@@ -38,11 +38,13 @@ void appendEscaped(std::string& bytes, char byte) {
 
 } // namespace
 
+// NOLINTNEXTLINE(bugprone-easily-swappable-parameters): in the order in which they are written
 void JsonLine::addText(std::string_view key, std::string_view value) {
     addKey(key);
     addString(value);
 }
 
+// NOLINTNEXTLINE(bugprone-easily-swappable-parameters): in the order in which they are written
 void JsonLine::addNumber(std::string_view key, std::string_view value) {
     addKey(key);
     m_bytes += value.empty() ? "null" : value;

@@ -39,9 +39,9 @@ void RecordWindow::makeRoom() {
               m_buffer.begin() + static_cast<std::ptrdiff_t>(m_end), m_buffer.begin());
     m_end -= m_begin;
     m_begin = 0;
-    const std::size_t block = std::clamp(m_buffer.size(), firstBlock, lastBlock);
-    if (m_buffer.size() < m_end + block)
-        m_buffer.resize(std::max(m_end + block, m_end * 2));
+    m_block = std::clamp(m_block * 2, firstBlock, lastBlock);
+    if (m_buffer.size() < m_end + m_block)
+        m_buffer.resize(std::max(m_end + m_block, m_end * 2));
 }
 
 void RecordWindow::take(std::size_t count) {

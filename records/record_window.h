@@ -48,6 +48,7 @@ private:
 
     ByteSource& m_source;
     std::vector<char> m_buffer;
+    std::size_t m_block = 0; ///< how much is read at a time
     std::size_t m_begin = 0;
     std::size_t m_end = 0;
     std::size_t m_line = 1;

@@ -146,11 +146,11 @@ void measureStart(const std::string& program, const std::string& folder, int rou
     writePairs(folder + "/one.txt", 1);
     const std::string home = pairOf(0).substr(0, 6), target = pairOf(0).substr(7);
     Turns turns;
-    const std::string nothing = "/dev/null";
-    const std::string line = folder + "/one.txt";
-    turns.add("own", [&] { return costOf({program, "distance"}, line, nothing).seconds; });
-    const std::vector<std::string> peer{"wwl", home, target};
-    turns.add("wwl", [&] { return costOf(peer, nothing, nothing).seconds; });
+    turns.add("own", [&] {
+        return costOf({program, "distance"}, folder + "/one.txt", "/dev/null").seconds;
+    });
+    const Command wwl{"wwl", home, target};
+    turns.add("wwl", [&] { return costOf(wwl, "/dev/null", "/dev/null").seconds; });
     turns.run(rounds * 20);
     std::printf("one line: %.3f ms, wwl %.3f ms\n", turns.of("own") * 1e3, turns.of("wwl") * 1e3);
     printGoal("one line, start to end / wwl", turns.of("own") / turns.of("wwl"), "<=", 1.8);

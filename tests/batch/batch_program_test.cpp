@@ -86,6 +86,9 @@ TEST(BatchProgram, AFullDisk) {
     const ShellResult help = shell(program + " --help 2>&1 >/dev/full");
     EXPECT_EQ(help.output, "orbisgrid-batch: standard output: No space left on device\n");
     EXPECT_EQ(help.status, 2);
+    const ShellResult map = shell(program + " map --home JO20 </dev/null 2>&1 >/dev/full");
+    EXPECT_EQ(map.output, "orbisgrid-batch: standard output: No space left on device\n");
+    EXPECT_EQ(map.status, 2);
 }
 
 TEST(BatchProgram, AFolderInTheFilesPlace) {
@@ -125,6 +128,10 @@ ShellResult withBrokenPipe(bool isIgnored) {
 TEST(BatchProgram, ABrokenPipeIsAQuietEnd) {
     EXPECT_EQ(withBrokenPipe(false).output, "status 141\n");
     EXPECT_EQ(withBrokenPipe(true).output, "status 141\n");
+    EXPECT_EQ(shell("exec 3>&1; { trap '' PIPE; sleep 0.3; " + program +
+                    " --help 2>&3; echo status $? >&3; } | true")
+                  .output,
+              "status 0\n");
     EXPECT_EQ(shell("yes JO20 FN42 2>/dev/null | head -n 200000 2>/dev/null | " + program +
                     " distance 2>&1 | head -n 1")
                   .output,
@@ -227,6 +234,23 @@ TEST(BatchProgress, IsShownOnATerminalAfterASecondAndErasedAtTheEnd) {
     EXPECT_TRUE(shown.ends_with("\r\x1b[K")) << shown;
     EXPECT_EQ(onTerminal("echo JO20 FN42 | " + program + " distance >/dev/null"), "")
         << "too quick";
+}
+
+TEST(BatchProgress, KnowsHowMuchThereIsOfFiles) {
+    const TemporaryFolder folder;
+    const std::string half = folder.make("half", "JO20 FN42\n");
+    ASSERT_EQ(::mkfifo(folder.path("slow").c_str(), 0666), 0);
+    const std::string command = program + " distance ";
+    // A pipe among them does not say how long it is; two files do.
+    const std::string slowly =
+        "{ sleep 1.2; echo JO20 FN42; sleep 0.3; } >" + folder.path("slow") + " & ";
+    const std::string shown =
+        onTerminal(slowly + command + half + " " + folder.path("slow") + " >/dev/null");
+    EXPECT_NE(shown.find("2 lines, "), std::string::npos) << shown;
+    EXPECT_EQ(shown.find('%'), std::string::npos) << shown;
+    EXPECT_EQ(onTerminal(command + half + " - " + half + " <" + half + " >/dev/null"), "");
+    EXPECT_EQ(onTerminal(command + half + " /nowhere >/dev/null").find("No such file"),
+              std::string("orbisgrid-batch: /nowhere: ").size());
 }
 
 TEST(BatchProgress, IsNeverShownInAPipe) {

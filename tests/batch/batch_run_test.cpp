@@ -101,7 +101,7 @@ std::pair<std::string, Status> runInto(FailingSink& output, int lines) {
     DistanceTask task({"JO20", false, false});
     RunOptions options;
     options.input = Format::lines;
-    BatchRun run(options, task, output, messages, progress);
+    BatchRun run(options, task, {output, messages}, progress);
     std::string list;
     for (int i = 0; i < lines; ++i)
         list += "FN42\n";
@@ -112,7 +112,7 @@ std::pair<std::string, Status> runInto(FailingSink& output, int lines) {
 }
 
 TEST(BatchRun, WhatCannotBeWrittenEndsItWithTheReason) {
-    for (const int writes : {0, 1, 2}) {
+    for (const int writes : {0, 1, 2, 3, 4, 5, 6}) {
         FailingSink output(writes, ENOSPC);
         const auto [said, status] = runInto(output, 50'000);
         EXPECT_EQ(said, "orbisgrid-batch: standard output: No space left on device\n") << writes;
@@ -122,8 +122,37 @@ TEST(BatchRun, WhatCannotBeWrittenEndsItWithTheReason) {
     EXPECT_EQ(runInto(output, 1).second, Status::failed) << "only closing fails";
 }
 
+TEST(BatchRun, OutputThatFailsBetweenTwoListsIsSaidOnce) {
+    FailingSink output(0, ENOSPC), messages(1000, 0);
+    Progress progress({}, std::chrono::steady_clock::now);
+    DistanceTask task({"JO20", false, false});
+    const RunOptions options;
+    BatchRun run(options, task, {output, messages}, progress);
+    Pieces first("FN42", 65536), second("FN42", 65536);
+    EXPECT_TRUE(run.process(first, "one")) << "nothing is written before the next list is read";
+    EXPECT_FALSE(run.process(second, "two"));
+    EXPECT_EQ(run.finish(), Status::failed);
+    EXPECT_EQ(messages.written, "orbisgrid-batch: standard output: No space left on device\n");
+}
+
+TEST(BatchRun, SaysMoreThanABlockOfMessages) {
+    std::string list, said;
+    for (int i = 1; i <= 60'000; ++i) {
+        list += "x\n";
+        said.append("list:").append(std::to_string(i)).append(": Invalid locator! (x)\n");
+    }
+    const BatchResult result = runBatch("distance --home JO20", list, "list", list.size());
+    EXPECT_TRUE(result.messages == said + "60,000 lines, 60,000 refused\n");
+}
+
+TEST(BatchRun, AFirstLineOfManyBytesIsGuessedFromThem) {
+    const std::string line = std::string(9000, ' ') + "FN42";
+    EXPECT_EQ(runBatch("distance --home JO20", line, "list").output,
+              line + "\t5625\t3513\t292\t50.47917\t4.958333\t42.47917\t-71.04166");
+}
+
 TEST(BatchRun, NobodyIsToldOfABrokenPipe) {
-    for (const int writes : {0, 1, 2}) {
+    for (const int writes : {0, 1, 2, 3, 4, 5, 6}) {
         FailingSink output(writes, EPIPE);
         const auto [said, status] = runInto(output, 50'000);
         EXPECT_EQ(said, "");
@@ -136,7 +165,7 @@ TEST(BatchRun, ALineThatComesIsAnsweredBeforeTheNextIsWaitedFor) {
     Progress progress({}, std::chrono::steady_clock::now);
     DistanceTask task({"JO20", false, false});
     const RunOptions options;
-    BatchRun run(options, task, output, messages, progress);
+    BatchRun run(options, task, {output, messages}, progress);
     std::size_t before = 0;
     bool isAnswered = true;
     const std::string list = "FN42\nFN42\nFN4?\n";

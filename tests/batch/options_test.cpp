@@ -63,6 +63,7 @@ TEST(Invocation, TakesTheOptionsOfConvert) {
     EXPECT_EQ(call.convert.from, Notation::dms);
     EXPECT_EQ(call.convert.characters, 8U);
     EXPECT_EQ(invocationOf({"convert", "--characters", "10"}).convert.characters, 10U);
+    EXPECT_EQ(invocationOf({"convert", "--characters", "6"}).convert.characters, 6U);
     EXPECT_EQ(call.files, std::vector<std::string>{"-"});
 }
 

@@ -80,6 +80,7 @@ TEST(FieldOf, ComparesNamesInAnyCase) {
     EXPECT_EQ(fieldOf(record, "GRIDSQUARE")->value, "1");
     EXPECT_EQ(fieldOf(record, "XRIDSQUARE"), nullptr);
     EXPECT_EQ(capitalName(record.fields[1]), "GRIDSQUARE");
+    EXPECT_EQ(capitalName({"app_{a}", {}, {}}), "APP_{A}");
 }
 
 TEST(AppendField, CountsItsValue) {

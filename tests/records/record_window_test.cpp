@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
+#include <vector>
 
 namespace orbisgrid {
 
@@ -60,6 +60,40 @@ TEST(RecordWindow, FetchesAsMuchAsIsWanted) {
     broken.failAtTheEnd(EIO);
     RecordWindow other(broken);
     EXPECT_EQ(other.fetchUntil(4), Reading::unreadable);
+}
+
+TEST(RecordWindow, ReadsMoreAtATimeAsItGoesOn) {
+    std::vector<std::size_t> rooms;
+    const std::string list(1'000'000, '\n');
+
+    class Watched : public ByteSource {
+    public:
+        Watched(ByteSource& source, std::vector<std::size_t>& seen)
+            : m_source(source)
+            , m_seen(seen) {}
+
+        std::optional<std::size_t> read(std::span<char> room) override {
+            m_seen.push_back(room.size());
+            return m_source.read(room);
+        }
+
+    private:
+        ByteSource& m_source;
+        std::vector<std::size_t>& m_seen;
+    };
+
+    Pieces pieces(list, list.size());
+    Watched watched(pieces, rooms);
+    RecordWindow window(watched);
+    LineReader reader(window);
+    Record record;
+    while (reader.next(record) == Reading::record) {
+    }
+    ASSERT_GT(rooms.size(), 6U);
+    EXPECT_EQ(rooms[0], 4096U) << "a short list needs no more";
+    EXPECT_EQ(rooms[1], 8192U);
+    EXPECT_EQ(rooms.back(), 131072U);
+    EXPECT_LT(rooms.size(), 15U);
 }
 
 TEST(RecordWindow, CountsItsLines) {

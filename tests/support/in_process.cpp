@@ -41,7 +41,7 @@ BatchResult runBatch(const std::string& commandLine, ByteSource& list, const std
     MemorySink output, messages;
     Progress progress({}, std::chrono::steady_clock::now);
     const auto task = makeTask(call);
-    BatchRun run(call.run, *task, output, messages, progress);
+    BatchRun run(call.run, *task, {output, messages}, progress);
     run.process(list, name);
     const Status status = run.finish();
     return {output.bytes(), messages.bytes(), static_cast<int>(status)};
