@@ -10,7 +10,7 @@ namespace orbisgrid {
 
 namespace {
 
-constexpr std::string_view fontFamily = "\"DejaVu Sans\",\"Liberation Sans\",Arial,sans-serif";
+constexpr std::string_view fontFamily = R"("DejaVu Sans","Liberation Sans",Arial,sans-serif)";
 
 /// A character that an XML 1.0 file can hold as it is.
 bool isXml(char16_t character) {
@@ -61,7 +61,8 @@ public:
 
 private:
     void writeStyleSheet(const RoleStyles& styles) {
-        m_text += "text{font-family:";
+        // Whoever shows it on something dark: the texts around the map are dark, too.
+        m_text += "svg{background:#fff}\ntext{font-family:";
         m_text += fontFamily;
         m_text += ";paint-order:stroke}\npath,text{stroke-linejoin:round}\n"
                   "path{fill:none;fill-rule:evenodd}\n";

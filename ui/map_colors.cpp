@@ -6,18 +6,24 @@ namespace orbisgrid {
 
 namespace {
 
+struct Ground {
+    std::uint32_t ink; ///< of letters and of lines that are read with them
+    std::uint32_t sea;
+};
+
 /// Print's widths with other colours.
-RoleStyles withTexts(std::uint32_t ink, std::uint32_t seam) {
+RoleStyles on(const Ground& ground) {
+    const auto [ink, sea] = ground;
     RoleStyles styles = printStyles();
     for (const Role role : everyRole()) {
         if (isTextRole(role)) {
             styles[role].fill = ink;
-            styles[role].stroke = seam;
+            styles[role].stroke = sea;
         }
     }
     for (const Role role : {Role::tick, Role::rim, Role::cross})
         styles[role].stroke = ink;
-    styles[Role::sea].fill = seam;
+    styles[Role::sea].fill = sea;
     styles[Role::home].fill = ink;
     return styles;
 }
@@ -31,7 +37,7 @@ RoleStyles lightStyles() {
 
 RoleStyles darkStyles() {
     constexpr std::uint32_t path = 0xFFFF7A66;
-    RoleStyles styles = withTexts(0xFFECECEC, 0xFF1B2126);
+    RoleStyles styles = on({.ink = 0xFFECECEC, .sea = 0xFF1B2126});
     styles[Role::land].fill = 0xFF54523F;
     styles[Role::land].stroke = 0xFFA19A80;
     styles[Role::border].stroke = 0xFF8A846E;
@@ -49,7 +55,7 @@ RoleStyles darkStyles() {
 RoleStyles blackStyles(const QPalette& palette) {
     const std::uint32_t ink = palette.color(QPalette::WindowText).rgba();
     const std::uint32_t path = palette.color(QPalette::Highlight).rgba();
-    RoleStyles styles = withTexts(ink, palette.color(QPalette::Window).rgba());
+    RoleStyles styles = on({.ink = ink, .sea = palette.color(QPalette::Window).rgba()});
     styles[Role::land].fill = 0xFF2C2C2C;
     styles[Role::night].fill = 0x90000000;
     for (const Role role : {Role::land, Role::border, Role::grid, Role::ring})

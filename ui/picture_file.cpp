@@ -14,7 +14,7 @@ namespace {
 
 /// What the SVG file asks for first.
 QFont printFont() {
-    return QFont(QStringLiteral("DejaVu Sans"));
+    return {QStringLiteral("DejaVu Sans")};
 }
 
 QByteArray png(const Picture& picture) {
