@@ -102,7 +102,7 @@ std::optional<Format> BatchRun::formatOf(RecordWindow& window, const std::string
     std::optional<Reading> failure;
     while (!failure && !isLineThere() && !window.isWhole() && window.bytes().size() < guessedFrom)
         failure = window.fetch();
-    const std::string_view begin = window.bytes().substr(window.markLength());
+    const std::string_view begin = window.bytes().substr(window.markLength(), guessedFrom);
     if (!failure && beginsWithPlace(begin.substr(0, begin.find('\n'))))
         return Format::lines;
     if (!failure)

@@ -9,7 +9,7 @@ distance in kilometres and miles, the azimuth, and both positions. It
 converts one position between the locator (4 to 10 characters), decimal
 degrees, degrees/minutes/seconds, the UI-View text of APRS and the
 compressed text of APRS. From the command line it does the same without
-a window.")
+a window, and orbisgrid-batch for whole lists and logs (csv, ADIF).")
 set(CPACK_PACKAGE_HOMEPAGE_URL "http://www.orbisgrid.example/hamradio/orbisgrid.htm")
 set(CPACK_PACKAGE_CHECKSUM SHA256)
 set(CPACK_STRIP_FILES ON)

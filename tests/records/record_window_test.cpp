@@ -50,6 +50,8 @@ TEST(RecordWindow, TheEndStaysTheEnd) {
 TEST(RecordWindow, FetchesAsMuchAsIsWanted) {
     Pieces pieces("abcdefgh", 3);
     RecordWindow window(pieces);
+    EXPECT_EQ(window.fetchUntil(3), std::nullopt);
+    EXPECT_EQ(window.bytes(), "abc") << "and no more";
     EXPECT_EQ(window.fetchUntil(4), std::nullopt);
     EXPECT_EQ(window.bytes(), "abcdef");
     EXPECT_FALSE(window.isWhole());
