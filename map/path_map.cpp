@@ -89,7 +89,11 @@ private:
         Text text;
     };
 
-    void add(Picture::Shape shape) { m_picture.shapes.push_back(std::move(shape)); }
+    /// Made where it stays: of one that is moved there GCC 14 says that it may be uninitialized.
+    template <typename Kind>
+    void add(Kind shape) {
+        m_picture.shapes.emplace_back(std::move(shape));
+    }
 
     void addWorld() {
         add(Picture::Circle{Role::sea, MapFrame::middle, m_frame.rim()});
