@@ -16,11 +16,12 @@ bool isQuoted(std::string_view field) {
 }
 
 /// Where the quotes around a field close: the place behind the second one. `from` is that behind
-/// the first. Nothing where they do not close in `bytes`, or only the next byte tells.
-std::optional<std::size_t> endOfQuotes(std::string_view bytes, std::size_t from, bool isWhole) {
+/// the first. Nothing where they do not close in `bytes`. (Where `bytes` end with the second one,
+/// and another would follow that makes it a character, the row does not end there either.)
+std::optional<std::size_t> endOfQuotes(std::string_view bytes, std::size_t from) {
     for (;;) {
         const std::size_t found = bytes.find(quote, from);
-        if (found == none || (found + 1 == bytes.size() && !isWhole))
+        if (found == none)
             return std::nullopt;
         if (!bytes.substr(found + 1).starts_with(quote))
             return found + 1;
@@ -40,7 +41,7 @@ std::optional<std::size_t> endOfRow(std::string_view bytes, bool isWhole, char s
             opening = bytes.substr(0, lineEnd).find(quote, opening + 1);
         if (opening == none)
             return end ? std::optional(lineEnd) : std::nullopt;
-        const auto closing = endOfQuotes(bytes, opening + 1, isWhole);
+        const auto closing = endOfQuotes(bytes, opening + 1);
         if (!closing)
             return isWhole ? std::optional(bytes.size()) : std::nullopt;
         at = *closing;
@@ -51,7 +52,7 @@ std::optional<std::size_t> endOfRow(std::string_view bytes, bool isWhole, char s
 std::string_view firstField(std::string_view row, char separator) {
     std::size_t from = 0;
     if (isQuoted(row))
-        from = endOfQuotes(row, 1, true).value_or(row.size());
+        from = endOfQuotes(row, 1).value_or(row.size());
     return row.substr(0, row.find(separator, from));
 }
 
@@ -59,7 +60,7 @@ std::string_view firstField(std::string_view row, char separator) {
 std::string_view valueOf(std::string_view field) {
     if (!isQuoted(field))
         return field;
-    const auto end = endOfQuotes(field, 1, true);
+    const auto end = endOfQuotes(field, 1);
     return end ? field.substr(1, *end - 2) : field.substr(1);
 }
 
@@ -93,7 +94,7 @@ Reading CsvReader::next(Record& record) {
 }
 
 bool isClosed(const Field& field) {
-    return !isQuoted(field.bytes) || endOfQuotes(field.bytes, 1, true);
+    return !isQuoted(field.bytes) || endOfQuotes(field.bytes, 1);
 }
 
 void appendUnquoted(std::string& text, const Field& field) {

@@ -181,6 +181,17 @@ TEST(BatchFile, StaysAsItWasAfterAFailure) {
     EXPECT_TRUE(isKept()) << "a full disk";
 }
 
+TEST(BatchFile, ThatCannotBePutInPlaceIsSaid) {
+    const TemporaryFolder folder;
+    const std::string path = folder.make("file", "old");
+    const ShellResult result =
+        shell("{ sleep 0.3; rm " + path + "; mkdir " + path + "; echo JO20 FN42; } | " + program +
+              " distance -o " + path + " 2>&1");
+    EXPECT_EQ(result.output, "orbisgrid-batch: " + path + ": Is a directory\n");
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(folder.names(), std::set<std::string>{"file"});
+}
+
 TEST(BatchFile, IsAFileThatMayBeWritten) {
     const TemporaryFolder folder;
     EXPECT_EQ(run("distance -o / < /dev/null").output, "orbisgrid-batch: /: Is a directory\n");
