@@ -14,7 +14,7 @@ run_target() { # <executions> <target>
   case $target in
     locator_list_ini) longest=512 ;;
     manual_search) longest=256 ;;
-    records_*) longest=256 ;;
+    records_*) longest=256 runs=$((runs / 100)) ;; # whole runs of the program
     map_outlines) longest=512 runs=$((runs / 20)) ;;
     map) longest=128 runs=$((runs / 500)) ;;
     window) longest=128 runs=$((runs / 1000)) ;;
