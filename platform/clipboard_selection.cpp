@@ -61,13 +61,33 @@ ClipboardSelection::~ClipboardSelection() {
 
 bool ClipboardSelection::take() {
     m_connection = xcb_connect(nullptr, nullptr);
-    if (xcb_connection_has_error(m_connection) != 0 || !internAtoms())
+    if (xcb_connection_has_error(m_connection) != 0)
         return false;
+    // The first two only queue requests, which travel with the questions of the third: one journey
+    // to the server less, and it may be a display far away.
     makeWindow();
-    if (!fetchServerTime())
+    askServerTime();
+    if (!internAtoms() || !awaitServerTime())
         return false;
     xcb_set_selection_owner(m_connection, m_window, m_atoms.clipboard, m_time);
     return ownerOf(m_connection, m_atoms.clipboard) == m_window;
+}
+
+/// A selection belongs to a window; this one is never seen.
+void ClipboardSelection::makeWindow() {
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
+    const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    m_window = xcb_generate_id(m_connection);
+    xcb_create_window(m_connection, XCB_COPY_FROM_PARENT, m_window, root, -1, -1, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
+                      &events);
+}
+
+/// The server's time by a change that changes nothing. "Now" in its place would leave it open which
+/// of two owners came later.
+void ClipboardSelection::askServerTime() {
+    xcb_change_property(m_connection, XCB_PROP_MODE_APPEND, m_window, XCB_ATOM_WM_NAME,
+                        XCB_ATOM_STRING, 8, 0, nullptr);
 }
 
 bool ClipboardSelection::internAtoms() {
@@ -92,22 +112,7 @@ bool ClipboardSelection::internAtoms() {
     return isComplete;
 }
 
-/// A selection belongs to a window; this one is never seen.
-void ClipboardSelection::makeWindow() {
-    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
-    const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
-    m_window = xcb_generate_id(m_connection);
-    xcb_create_window(m_connection, XCB_COPY_FROM_PARENT, m_window, root, -1, -1, 1, 1, 0,
-                      XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
-                      &events);
-}
-
-/// The server's time by a change that changes nothing. "Now" in its place would leave it open which
-/// of two owners came later.
-bool ClipboardSelection::fetchServerTime() {
-    xcb_change_property(m_connection, XCB_PROP_MODE_APPEND, m_window, XCB_ATOM_WM_NAME,
-                        XCB_ATOM_STRING, 8, 0, nullptr);
-    xcb_flush(m_connection);
+bool ClipboardSelection::awaitServerTime() {
     while (const Owned<xcb_generic_event_t> event{xcb_wait_for_event(m_connection)}) {
         if ((event->response_type & eventTypeMask) != XCB_PROPERTY_NOTIFY)
             continue;

@@ -34,9 +34,10 @@ private:
         xcb_atom_t clipboard, utf8String, plainUtf8, text, targets, timestamp, multiple, atomPair;
     };
 
-    bool internAtoms();
     void makeWindow();
-    bool fetchServerTime();
+    void askServerTime();
+    bool internAtoms();
+    bool awaitServerTime();
     void answer(const xcb_selection_request_event_t& request);
     bool convert(xcb_window_t requestor, xcb_atom_t target, xcb_atom_t property);
     bool convertEach(xcb_window_t requestor, xcb_atom_t property);
