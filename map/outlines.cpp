@@ -51,7 +51,11 @@ std::uint32_t checksumOf(std::string_view bytes) {
 class OutlinesReader {
 public:
     explicit OutlinesReader(std::string_view body)
-        : m_rest(body) {}
+        : m_rest(body) {
+        // As many as there can be, at two bytes a point: room that nothing is written to takes no
+        // memory, and a list that grows takes twice its size while it moves.
+        m_outlines.m_points.reserve(m_rest.size() / 2);
+    }
 
     std::optional<Outlines> read() {
         const bool isWhole = readLines(m_outlines.m_coasts, 3) &&

@@ -97,6 +97,8 @@ void RimClip::start(const Vertex& vertex) {
 void RimClip::addLine(std::span<const Direction> places) {
     Vertex previous = vertexAt(places.front());
     start(previous);
+    if (m_isOpen)
+        m_chains.back().points.reserve(places.size()); // most edges are straight
     for (const Direction& place : places.subspan(1)) {
         const Vertex next = vertexAt(place);
         walk(previous, next);
