@@ -1,6 +1,7 @@
 #include "ui/path_map_view.h"
 
 #include "map/caption.h"
+#include "platform/wide_registers.h"
 #include "ui/map_colors.h"
 #include "ui/picture_painter.h"
 #include "ui/qt_text.h"
@@ -111,13 +112,18 @@ std::optional<Position> PathMapView::placeAt(QPointF point) const {
 // Painting --------------------------------------------------------------------------------------
 
 void PathMapView::paintEvent(QPaintEvent* /*event*/) {
-    if (!m_picture)
+    if (!m_picture) {
+        letGoOfWideRegisters(); // the ground of the window has been painted just now
         m_picture = pathMap(options(screenTextSize()));
+    }
     QPainter painter(this);
     const RoleStyles styles = screenStyles(palette());
-    paintPicture(
-        painter, *m_picture,
-        {.styles = styles, .font = font(), .scale = side() / Picture::side, .corner = corner()});
+    paintPicture(painter, *m_picture,
+                 {.styles = styles,
+                  .font = font(),
+                  .scale = side() / Picture::side,
+                  .corner = corner(),
+                  .isForScreen = true});
     if (!hasFocus())
         return;
     QStyleOptionFocusRect option;

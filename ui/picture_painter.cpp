@@ -16,6 +16,13 @@ QColor colorOf(std::uint32_t color) {
     return QColor::fromRgba(color);
 }
 
+int pointCount(const Picture::Area& area) {
+    std::size_t count = 0;
+    for (const Picture::Polyline& ring : area.rings)
+        count += ring.size();
+    return static_cast<int>(count);
+}
+
 class Painting {
 public:
     Painting(QPainter& painter, const PictureLook& look)
@@ -25,6 +32,7 @@ public:
     void paint(const Picture::Area& area) {
         const RoleStyle& style = m_look.styles.of(area.role);
         QPainterPath path;
+        path.reserve(pointCount(area));
         for (const Picture::Polyline& ring : area.rings)
             path.addPolygon(polygonOf(ring));
         path.setFillRule(Qt::OddEvenFill);
