@@ -66,32 +66,32 @@ private:
     std::vector<Direction> m_points;
 };
 
+/// Hands over what the picture shows of each line of which something may be seen.
+template <typename Add>
+void eachSeen(const MapFrame& frame, const Outlines& outlines,
+              const std::vector<Outlines::Line>& lines, const Add& add) {
+    DetailChoice choice(frame, outlines);
+    for (const Outlines::Line& line : lines) {
+        if (!choice.isSeen(line))
+            continue;
+        const auto points = choice.pointsOf(line);
+        if (!points.empty())
+            add(points);
+    }
+}
+
 } // namespace
 
 Picture::Area landOf(const MapFrame& frame, const Outlines& outlines) {
     RimClip clip(frame);
-    DetailChoice choice(frame, outlines);
-    for (const Outlines::Line& coast : outlines.coasts()) {
-        if (!choice.isSeen(coast))
-            continue;
-        const auto points = choice.pointsOf(coast);
-        if (!points.empty())
-            clip.addRing(points);
-    }
+    eachSeen(frame, outlines, outlines.coasts(), [&clip](auto points) { clip.addRing(points); });
     return {Role::land,
             std::move(clip).area([&](const Direction& place) { return outlines.isLand(place); })};
 }
 
 Picture::Lines bordersOf(const MapFrame& frame, const Outlines& outlines) {
     RimClip clip(frame);
-    DetailChoice choice(frame, outlines);
-    for (const Outlines::Line& border : outlines.borders()) {
-        if (!choice.isSeen(border))
-            continue;
-        const auto points = choice.pointsOf(border);
-        if (!points.empty())
-            clip.addLine(points);
-    }
+    eachSeen(frame, outlines, outlines.borders(), [&clip](auto points) { clip.addLine(points); });
     return {Role::border, std::move(clip).lines()};
 }
 
