@@ -6,12 +6,9 @@
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
-#include <sys/resource.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <csignal>
 #include <iostream>
 
 namespace orbisgrid {
@@ -42,11 +39,7 @@ TEST(FileReplacement, IsAllOfItsPieces) {
     EXPECT_EQ(folder.content("file"), newContent);
     EXPECT_EQ(folder.content("new"), newContent);
     EXPECT_EQ(folder.names(), (std::set<std::string>{"file", "new"}));
-
-    struct stat status = {};
-
-    ::stat(folder.path("file").c_str(), &status);
-    EXPECT_EQ(status.st_mode & 07777U, 0604U);
+    EXPECT_EQ(folder.modeOf("file"), 0604U);
 }
 
 TEST(FileReplacement, MayBeOfNothing) {
@@ -112,12 +105,10 @@ TEST(FileReplacement, NeverWritesDirectly) {
 
 TEST(FileReplacement, AFullDiskKeepsTheOldContent) {
     const TemporaryFolder folder;
-    for (const rlim_t limit : {0U, 100U, 3000U, 6002U}) {
+    for (const std::size_t limit : {0U, 100U, 3000U, 6002U}) {
         folder.make("file", oldContent);
         EXPECT_EQ(inChild([&] {
-                      ::signal(SIGXFSZ, SIG_IGN);
-                      const rlimit size{limit, limit};
-                      ::setrlimit(RLIMIT_FSIZE, &size);
+                      test::limitFileSize(limit);
                       FileReplacement file(folder.path("file"));
                       const bool isWritten =
                           file.write(piece) && file.write(piece) && file.write("end");

@@ -9,11 +9,8 @@
 
 #include <random>
 
-#include <sys/resource.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <iostream>
 
 namespace orbisgrid {
@@ -263,12 +260,10 @@ TEST(PerUserStore, ReadOnlyFolderWithAWritableFile) {
 
 TEST(PerUserStore, FullDiskKeepsTheOldStore) {
     const TemporaryFolder folder;
-    for (const rlim_t limit : {0U, 20U, 100U, 150U}) {
+    for (const std::size_t limit : {0U, 20U, 100U, 150U}) {
         folder.make("store.ini", foreignContent);
         EXPECT_EQ(inChild([&] {
-                      ::signal(SIGXFSZ, SIG_IGN);
-                      const rlimit size{limit, limit};
-                      ::setrlimit(RLIMIT_FSIZE, &size);
+                      test::limitFileSize(limit);
                       PerUserStore store(folder.path("store.ini"));
                       return store.write({{u"Path", Text(500, u'p')}}) ? 1 : 0;
                   }),

@@ -5,11 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <ctime>
 
 namespace orbisgrid {
@@ -18,29 +16,16 @@ namespace {
 
 using test::inChild;
 using test::inChildWithoutRights;
+using test::limitFileSize;
 using test::TemporaryFolder;
 
 const std::string oldContent = "old content\r\n";
 const std::string newContent(5000, 'n');
 
-mode_t modeOf(const std::string& path) {
-    struct stat status = {};
-
-    ::stat(path.c_str(), &status);
-    return status.st_mode & 07777U;
-}
-
 void makeOlder(const std::string& path, int seconds) {
     const std::time_t then = std::time(nullptr) - seconds;
     const std::array<timespec, 2> times{timespec{then, 0}, timespec{then, 0}};
     ::utimensat(AT_FDCWD, path.c_str(), times.data(), 0);
-}
-
-/// From here on no file of this process grows beyond `bytes`: what a full disk does.
-void limitFileSize(rlim_t bytes) {
-    ::signal(SIGXFSZ, SIG_IGN);
-    const rlimit limit{bytes, bytes};
-    ::setrlimit(RLIMIT_FSIZE, &limit);
 }
 
 // Reading ---------------------------------------------------------------------------------------
@@ -84,7 +69,7 @@ TEST(SaveFile, MakesAFileWithTheUsualMode) {
               }),
               0);
     EXPECT_EQ(folder.content("file"), newContent);
-    EXPECT_EQ(modeOf(folder.path("file")), 0640U);
+    EXPECT_EQ(folder.modeOf("file"), 0640U);
     EXPECT_EQ(folder.names(), std::set<std::string>{"file"});
 }
 
@@ -94,7 +79,7 @@ TEST(SaveFile, ReplacesTheContentAndKeepsTheMode) {
         folder.make("file", oldContent, mode);
         EXPECT_TRUE(saveFile(folder.path("file"), newContent));
         EXPECT_EQ(folder.content("file"), newContent);
-        EXPECT_EQ(modeOf(folder.path("file")), mode);
+        EXPECT_EQ(folder.modeOf("file"), mode);
     }
     EXPECT_EQ(folder.names(), std::set<std::string>{"file"});
 }
@@ -138,7 +123,7 @@ TEST(SaveFile, KeepsTheOwner) {
     ::stat(path.c_str(), &status);
     EXPECT_EQ(status.st_uid, 1234U);
     EXPECT_EQ(status.st_gid, 4321U);
-    EXPECT_EQ(modeOf(path), 0604U);
+    EXPECT_EQ(folder.modeOf("file"), 0604U);
 }
 
 // Links -----------------------------------------------------------------------------------------
@@ -242,7 +227,7 @@ TEST(SaveFileDirectly, WhereTheNameLeavesNoRoomForASecondOne) {
 
 TEST(SaveFileFullDisk, KeepsTheOldContent) {
     const TemporaryFolder folder;
-    for (const rlim_t limit : {0U, 1U, 100U, 4096U, 4999U}) {
+    for (const std::size_t limit : {0U, 1U, 100U, 4096U, 4999U}) {
         SCOPED_TRACE(limit);
         folder.make("file", oldContent);
         EXPECT_EQ(inChild([&] {
@@ -267,7 +252,7 @@ TEST(SaveFileFullDisk, LeavesNoNewFile) {
 
 TEST(SaveFileFullDisk, KeepsTheOldContentWhenWritingDirectly) {
     const TemporaryFolder folder;
-    for (const rlim_t limit : {20U, 100U, 4096U, 4999U}) {
+    for (const std::size_t limit : {20U, 100U, 4096U, 4999U}) {
         SCOPED_TRACE(limit);
         folder.setMode(0777);
         folder.make("file", oldContent);

@@ -59,10 +59,7 @@ constexpr mode_t ownMode = 0640; // another one than that of new files
 
 /// "old" or "new" where the file is whole and has kept its mode.
 std::string iniLeft(const TemporaryFolder& folder, const std::string& name) {
-    struct stat status = {};
-
-    ::stat(folder.path(name).c_str(), &status);
-    if ((status.st_mode & 07777U) != ownMode)
+    if (folder.modeOf(name) != ownMode)
         return "other mode";
     const std::string content = folder.content(name);
     if (content == oldIni)

@@ -46,6 +46,13 @@ public:
         return file ? std::string(std::istreambuf_iterator<char>(file), {}) : "(no file)";
     }
 
+    mode_t modeOf(const std::string& name) const {
+        struct stat status = {};
+
+        ::stat(path(name).c_str(), &status);
+        return status.st_mode & 07777U;
+    }
+
     /// The names of everything in the folder.
     std::set<std::string> names() const {
         std::set<std::string> found;

@@ -4,6 +4,7 @@
 #include <poll.h>
 #include <sys/prctl.h>
 #include <sys/ptrace.h>
+#include <sys/resource.h>
 #include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -15,6 +16,7 @@
 #include <csignal>
 #include <cstdio>
 #include <stdexcept>
+#include <tuple>
 
 namespace orbisgrid::test {
 
@@ -157,6 +159,12 @@ int inChildWithoutRights(const std::function<int()>& work) {
 
 bool dropRights() {
     return ::geteuid() != 0 || (::setgid(nobody) == 0 && ::setuid(nobody) == 0);
+}
+
+void limitFileSize(std::size_t bytes) {
+    std::ignore = ::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{bytes, bytes};
+    ::setrlimit(RLIMIT_FSIZE, &limit);
 }
 
 int killAtEachSystemCall(const std::function<void()>& before, const std::function<void()>& work,

@@ -2,6 +2,7 @@
 
 #include <sys/types.h>
 
+#include <cstddef>
 #include <functional>
 #include <string>
 
@@ -24,6 +25,10 @@ inline constexpr uid_t nobody = 65534;
 /// In a child: gives up the rights of root for those of the user "nobody", where it has them.
 /// Result: false where it has them still.
 bool dropRights();
+
+/// In a child: from here on no file of this process grows beyond `bytes`, which is what a full disk
+/// does. A write beyond it fails with EFBIG.
+void limitFileSize(std::size_t bytes);
 
 /// Runs `work` in a child and kills it at one system call after the other, each time afresh:
 /// `before` makes the start, `after` gets the number of the call and looks at what is left.
