@@ -7,7 +7,7 @@ cd "$(dirname "$(readlink -f "$0")")/.."
 . scripts/build.sh
 install_missing "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}" "${BENCHMARK_PACKAGES[@]}"
 rounds=${1:-60}
-build benchmark --target orbisgrid bare_window start_up_benchmark
+build benchmark --target orbisgrid bare_window bare_connection start_up_benchmark
 
 box=$(mktemp -d)
 trap 'rm -rf "$box"; kill "$server" 2>/dev/null || true' EXIT
@@ -24,4 +24,4 @@ bin=build-benchmark/bin
 "$bin/start_up_benchmark" window "$rounds" "$bin/bare_window text" "$bin/bare_window" "$bin/bare_window widgets" \
   "$bin/orbisgrid"
 "$bin/start_up_benchmark" command "$rounds" "$bin/bare_window end" "$bin/bare_window load" \
-  "$bin/orbisgrid JO20AW FN42AA"
+  "$bin/bare_connection" "$bin/bare_connection child" "$bin/orbisgrid JO20AW FN42AA"
