@@ -87,8 +87,15 @@ bool BatchRun::process(ByteSource& source, const std::string& name) {
         return false;
     }
     m_unit = unitOf(*format);
+    endLine();
     const auto list = makeList(*format, window, m_task, m_options.list);
     return processRecords(*list, name, m_options.output == Format::json);
+}
+
+/// A list whose last line has no end must not swallow the first one of the next.
+void BatchRun::endLine() {
+    if (m_out.empty() ? m_isLineOpen : m_out.back() != '\n')
+        m_out += '\n';
 }
 
 std::optional<Format> BatchRun::formatOf(RecordWindow& window, const std::string& name) {
@@ -219,12 +226,14 @@ bool BatchRun::stop(Status status) {
 /// Results first, as a person reads them. Result: false where they cannot be written, which has
 /// been said then.
 bool BatchRun::flush() {
+    if (!m_said.empty() || (m_options.isOutputShown && !m_out.empty()))
+        m_progress.erase();
+    if (!m_out.empty())
+        m_isLineOpen = m_out.back() != '\n';
     const int error = m_out.empty() ? 0 : m_output.write(m_out);
     m_out.clear();
     if (error != 0)
         loseOutput(error);
-    if (!m_said.empty())
-        m_progress.erase();
     sayNow();
     return error == 0;
 }

@@ -28,6 +28,7 @@ struct RunOptions {
     bool isStrict = false; ///< stops at the first refusal
     bool isQuiet = false;  ///< says nothing about single records
     std::string outputName = "standard output";
+    bool isOutputShown = false; ///< on a terminal: the line of progress makes way for it
 };
 
 /// Where a run writes.
@@ -62,6 +63,7 @@ private:
         std::string_view what, text;
     };
 
+    void endLine();
     std::optional<Format> formatOf(RecordWindow& window, const std::string& name);
     bool processRecords(List& list, const std::string& name, bool isJson);
     bool answer(List& list, const std::string& name, bool isJson);
@@ -80,8 +82,9 @@ private:
     ByteSink& m_messages;
     Progress& m_progress;
     Values m_values;
-    std::string m_out;  ///< to be written
-    std::string m_said; ///< likewise
+    std::string m_out;         ///< to be written
+    std::string m_said;        ///< likewise
+    bool m_isLineOpen = false; ///< what was written last has no line end
     WorkDone m_done;
     std::uint64_t m_refused = 0;
     std::string_view m_unit = "line";

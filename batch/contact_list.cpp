@@ -12,6 +12,11 @@ namespace {
 constexpr std::array<std::string_view, 6> names{"MY_GRIDSQUARE", "GRIDSQUARE", "GRIDSQUARE_EXT",
                                                 "LAT",           "LON",        "ANT_PATH"};
 
+/// GRIDSQUARE holds up to eight characters of a locator, GRIDSQUARE_EXT the next ones. Ten are the
+/// most that a locator has here.
+constexpr std::size_t extended = 8;
+constexpr std::size_t longest = 10;
+
 /// A bit for each length that one of the names has.
 constexpr std::uint32_t lengthsOfNames = [] {
     std::uint32_t lengths = 0;
@@ -52,8 +57,8 @@ Question ContactList::question() {
         if (!question.place && !(latitude.empty() && longitude.empty()))
             question.refusal = "LAT and LON name no place!";
         question.target = latitude;
-    } else if (!extension.empty()) {
-        (m_target = question.target) += extension;
+    } else if (question.target.size() == extended) {
+        (m_target = question.target) += extension.substr(0, longest - extended);
         question.target = m_target;
     }
     return question;

@@ -73,6 +73,7 @@ public:
 private:
     void take(const OptionRow& option, const std::string& value);
     void takeFormat(std::optional<Format>& format, bool isInput, const std::string& value);
+    void takeOutputFile(const std::string& name);
     void refuse(const std::string& why);
     void finish();
 
@@ -103,6 +104,14 @@ const OptionRow* rowOf(int found) {
     return nullptr;
 }
 
+/// The option that getopt has not understood. A letter may be one of several in a word, which is
+/// then not behind it yet.
+std::string wordAbout(const std::vector<char*>& words) {
+    if (optopt > 0 && optopt < firstRow)
+        return std::string("-") + static_cast<char>(optopt);
+    return words[static_cast<std::size_t>(optind - 1)];
+}
+
 Invocation InvocationReader::read(std::span<char* const> arguments) {
     const std::vector<option> options = longOptions(m_call.command);
     std::vector<char*> words(arguments.begin(), arguments.end());
@@ -116,7 +125,7 @@ Invocation InvocationReader::read(std::span<char* const> arguments) {
                                         options.data(), nullptr);
         if (found == -1)
             break;
-        const std::string word = words[static_cast<std::size_t>(optind - 1)];
+        const std::string word = wordAbout(words);
         if (const OptionRow* row = rowOf(found))
             take(*row, optarg == nullptr ? std::string() : optarg);
         else if (found == ':')
@@ -179,7 +188,7 @@ void InvocationReader::take(const OptionRow& option, const std::string& value) {
     } else if (name == "replace") {
         m_call.run.list.isReplacing = true;
     } else if (option.letter == 'o') {
-        m_call.outputFile = value;
+        takeOutputFile(value);
     } else if (name == "strict") {
         m_call.run.isStrict = true;
     } else if (name == "quiet") {
@@ -189,6 +198,12 @@ void InvocationReader::take(const OptionRow& option, const std::string& value) {
     } else {
         m_call.shown = versionLine();
     }
+}
+
+void InvocationReader::takeOutputFile(const std::string& name) {
+    if (name.empty())
+        refuse("-o needs the name of a file");
+    m_call.outputFile = name == "-" ? "" : name; // as among the lists: no file
 }
 
 void InvocationReader::refuse(const std::string& why) {

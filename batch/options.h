@@ -15,8 +15,8 @@ namespace orbisgrid {
 /// What the program is asked for.
 enum class Command { none, distance, convert, map };
 
-/// One option of the program: the one place from which its help, its manual page and its completion
-/// have it.
+/// One option of the program. The help is made of it; tests hold the manual page and the completion
+/// against it.
 struct OptionRow {
     std::string_view name;     ///< behind "--"; empty where it has a letter alone
     char letter = 0;           ///< behind "-"; 0: none

@@ -107,6 +107,7 @@ std::unique_ptr<Task> makeTask(const Invocation& call) {
 }
 
 int runProgram(std::span<char* const> arguments) {
+    occupyStandardDescriptors();
     Invocation call = readInvocation(arguments);
     if (!call.wrong.empty()) {
         std::ignore = StreamSink(standardError).write(call.wrong + "\n");
@@ -119,12 +120,13 @@ int runProgram(std::span<char* const> arguments) {
         readOutlines(call.map, messages);
     if (call.outputFile.empty()) {
         StreamSink output(standardOutput);
+        call.run.isOutputShown = isTerminal(output.stream());
         return work(call, output, messages);
     }
     FileSink output(call.outputFile);
-    if (output.error() != 0) {
-        std::ignore = messages.write("orbisgrid-batch: " + call.outputFile + ": " +
-                                     reasonOf(output.error()) + "\n");
+    if (const int error = output.error(); error != 0) {
+        const std::string reason = error == EINVAL ? "not a regular file" : reasonOf(error);
+        std::ignore = messages.write("orbisgrid-batch: " + call.outputFile + ": " + reason + "\n");
         return static_cast<int>(Status::failed);
     }
     return work(call, output, messages);

@@ -41,6 +41,11 @@ private:
     int m_descriptor = -1;
 };
 
+/// Fills the places of standard input, output and error that the starter has left closed, so that
+/// no file that is opened later takes one of them: messages would be written into it. Reading from
+/// the first then fails, writing to the others too.
+void occupyStandardDescriptors();
+
 /// Everything that is left to read; nothing where that fails.
 std::optional<std::string> readToEnd(const FileDescriptor& file);
 

@@ -51,6 +51,13 @@ private:
     std::string_view m_bytes;
 };
 
+/// Whether a byte may stand in a position of numbers: the signs of degrees, minutes and seconds are
+/// beyond ASCII, or quotes.
+bool isOfNumbers(char byte) {
+    constexpr std::string_view others = "0123456789.,;:+-'\"/NSEWnsew \t\r\n";
+    return static_cast<unsigned char>(byte) >= 0x80 || others.find(byte) != std::string_view::npos;
+}
+
 /// Whether the first row of the table that `bytes` would be names one of the columns.
 bool isTable(std::string_view bytes, char separator, std::span<const std::string_view> columns) {
     Bytes source(bytes);
@@ -100,8 +107,10 @@ bool beginsWithPlace(std::string_view line) {
     const std::string_view text = withoutBlanks(line);
     if (text.empty())
         return false;
-    if (digits.find(text.front()) != std::string_view::npos || text.find_first_of("=+-") == 0)
-        return true;
+    if (text.front() == '=')
+        return true; // a UI-View text
+    if (digits.find(text.front()) != std::string_view::npos || text.find_first_of("+-") == 0)
+        return std::all_of(text.begin(), text.end(), isOfNumbers);
     const auto isLetter = [](char character) {
         return small(character) >= 'a' && small(character) <= 'z';
     };

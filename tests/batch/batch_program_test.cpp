@@ -41,6 +41,18 @@ TEST(BatchProgram, ReadsFilesAndTheStandardInput) {
     EXPECT_EQ(run("distance < /dev/null").status, 0);
 }
 
+TEST(BatchProgram, EndsALineThatTheNextFileWouldGoOnWith) {
+    const TemporaryFolder folder;
+    const std::string open = folder.make("a.txt", "JO20 FN42");
+    const std::string ended = folder.make("b.txt", "JO20 FN42\n");
+    const std::string line = "JO20 FN42" + resultOfFn42;
+    EXPECT_EQ(run("distance " + open + " " + ended).output, line + "\n" + line + "\n");
+    EXPECT_EQ(run("distance " + ended + " " + open).output, line + "\n" + line);
+    EXPECT_EQ(
+        shell("{ printf 'JO20 FN42'; sleep 0.2; } | " + program + " distance - " + open).output,
+        line + "\n" + line);
+}
+
 TEST(BatchProgram, ItsStatusSaysHowItWent) {
     EXPECT_EQ(shell("echo JO20 FN42 | " + program + " distance").status, 0);
     EXPECT_EQ(shell("echo JO20 FN4? | " + program + " distance --quiet").status, 1);
@@ -150,6 +162,25 @@ TEST(BatchFile, IsReplacedByItsOwnResults) {
     EXPECT_EQ(folder.modeOf("a.txt"), 0640U);
 }
 
+TEST(BatchFile, HoldsResultsAloneWhereNothingElseIsOpen) {
+    const TemporaryFolder folder;
+    const std::string path = folder.make("a.txt", "JO2?\nJO20 FN42\n");
+    const std::string out = folder.path("out");
+    for (const std::string closed : {"2>&-", "<&- 2>&-", "<&- >&- 2>&-"}) {
+        EXPECT_EQ(shell(program + " distance -o " + out + " " + path + " " + closed).status, 1);
+        EXPECT_EQ(folder.content("out"), "JO2?\t\t\t\t\t\t\t\nJO20 FN42" + resultOfFn42 + "\n")
+            << closed;
+    }
+    EXPECT_EQ(shell(program + " distance " + path + " >&- 2>/dev/null").status, 2)
+        << "nowhere to write to";
+}
+
+TEST(BatchFile, OfTheNameMinusIsTheStandardOutput) {
+    const TemporaryFolder folder;
+    const std::string path = folder.make("a.txt", "JO20 FN42\n");
+    EXPECT_EQ(run("distance -o - " + path).output, "JO20 FN42" + resultOfFn42 + "\n");
+}
+
 TEST(BatchFile, IsReplacedThoughSomeLinesAreRefused) {
     const TemporaryFolder folder;
     const std::string path = folder.make("a.txt", "JO20 FN4?\n");
@@ -194,6 +225,8 @@ TEST(BatchFile, IsAFileThatMayBeWritten) {
     EXPECT_EQ(run("distance -o / < /dev/null").status, 2);
     EXPECT_EQ(run("distance -o /nowhere/file < /dev/null").output,
               "orbisgrid-batch: /nowhere/file: No such file or directory\n");
+    EXPECT_EQ(run("distance -o /dev/full < /dev/null").output,
+              "orbisgrid-batch: /dev/full: not a regular file\n");
 }
 
 // On a terminal ----------------------------------------------------------------------------------
@@ -242,6 +275,16 @@ TEST(BatchProgress, IsShownOnATerminalAfterASecondAndErasedAtTheEnd) {
     EXPECT_TRUE(shown.ends_with("\r\x1b[K")) << shown;
     EXPECT_EQ(onTerminal("echo JO20 FN42 | " + program + " distance >/dev/null"), "")
         << "too quick";
+}
+
+TEST(BatchProgress, MakesWayForResultsOnTheSameTerminal) {
+    const std::string shown =
+        onTerminal("{ echo JO20 FN42; sleep 1.3; echo JO20 FN42; sleep 0.3; echo JO20 FN42; } | " +
+                   program + " distance >&2");
+    const std::size_t progress = shown.find("2 lines, ");
+    ASSERT_NE(progress, std::string::npos) << shown;
+    const std::size_t result = shown.find("JO20 FN42", progress);
+    EXPECT_EQ(shown.substr(result - 4, 4), "\r\x1b[K") << shown;
 }
 
 TEST(BatchProgress, KnowsHowMuchThereIsOfFiles) {

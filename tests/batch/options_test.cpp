@@ -97,6 +97,9 @@ TEST(Invocation, SaysWhatIsWrongInOneLine) {
     EXPECT_EQ(wrong({"convert", "--home", "JO20"}), "orbisgrid-batch: unknown option --home");
     EXPECT_EQ(wrong({"distance", "--home"}), "orbisgrid-batch: --home needs an argument");
     EXPECT_EQ(wrong({"distance", "-o"}), "orbisgrid-batch: -o needs an argument");
+    EXPECT_EQ(wrong({"distance", "-xy"}), "orbisgrid-batch: unknown option -x");
+    EXPECT_EQ(wrong({"distance", "list", "-xy"}), "orbisgrid-batch: unknown option -x");
+    EXPECT_EQ(wrong({"distance", "-o", ""}), "orbisgrid-batch: -o needs the name of a file");
     EXPECT_EQ(wrong({"distance", "--quiet=1"}), "orbisgrid-batch: unknown option --quiet=1");
     EXPECT_EQ(wrong({"distance", "--home", "JO2?"}), "orbisgrid-batch: Invalid locator! (JO2?)");
     EXPECT_EQ(wrong({"distance", "--home", ""}), "orbisgrid-batch: Invalid locator! ()");
