@@ -59,8 +59,12 @@ std::optional<Position> Azimuthal::placeAt(PlanePoint point) const {
     const double kilometres = std::hypot(point.x, point.y);
     if (!(kilometres <= halfCircumference))
         return std::nullopt;
-    if (kilometres == 0)
-        return positionOf(m_zenith);
+    if (kilometres == 0) {
+        // To the last bit where it can be: a place there is Home itself.
+        const bool isInRange =
+            std::fabs(m_centre.latitude) <= 90 && std::fabs(m_centre.longitude) <= 180;
+        return isInRange ? m_centre : positionOf(m_zenith);
+    }
     const double angle = kilometres / earthRadius;
     const double outwards = std::sin(angle) / kilometres;
     const Direction across = combined(m_east, point.x * outwards, m_north, point.y * outwards);

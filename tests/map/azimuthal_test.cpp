@@ -21,6 +21,18 @@ TEST(Azimuthal, ItsCentreIsTheOrigin) {
     expectPoint(Azimuthal({50.9375, 4.041667}).project({50.9375, 4.041667}), {0, 0});
 }
 
+TEST(Azimuthal, ItsOriginIsTheCentreToTheLastBit) {
+    for (double latitude = -90; latitude <= 90; latitude += 1.7) {
+        for (double longitude = -180; longitude <= 180; longitude += 3.1) {
+            const Position centre{latitude, longitude};
+            ASSERT_EQ(Azimuthal(centre).placeAt({0, 0}), centre) << latitude << " " << longitude;
+        }
+    }
+    const auto place = Azimuthal({10, 190}).placeAt({0, 0});
+    ASSERT_TRUE(place);
+    EXPECT_NEAR(place->longitude, -170, 1e-9);
+}
+
 TEST(Azimuthal, NorthIsUpAndEastIsRight) {
     const Azimuthal projection({0, 0});
     expectPoint(projection.project({30, 0}), {0, quarter / 3});
