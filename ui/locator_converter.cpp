@@ -36,9 +36,6 @@ namespace {
 /// A twip is 1/1440 inch and a logical inch has 96 pixels.
 constexpr int twipsPerPixel = 1440 / 96;
 
-/// What a window manager puts around.
-constexpr QSize windowFrame(16, 48);
-
 /// A text as part of a window's title. Qt takes "[*]" there for the place of a mark that says that
 /// something is not saved; twice, it stands for itself.
 QString titlePart(QString text) {
@@ -318,8 +315,9 @@ void LocatorConverter::cmdShowPathMap_Click() {
         if (m_chkOnTop->isChecked())
             SetTopMost(*m_pathMap, true);
     }
-    if (!m_pathMap->isVisible())
+    if (!m_pathMap->isVisible() || !m_path) // the Home box may hold something else by now
         showPathOnMap();
+    m_pathMap->setWindowState(m_pathMap->windowState() & ~Qt::WindowMinimized);
     m_pathMap->show();
     m_pathMap->raise();
     m_pathMap->activateWindow();

@@ -15,7 +15,10 @@ public:
         , m_view(*view) {}
 
     QString text(QAccessible::Text kind) const override {
-        return kind == QAccessible::Value ? m_view.crossReadOut() : QAccessibleWidget::text(kind);
+        const QString cross = m_view.crossReadOut();
+        const bool isOfCross =
+            kind == QAccessible::Value || (kind == QAccessible::Description && !cross.isEmpty());
+        return isOfCross ? cross : QAccessibleWidget::text(kind);
     }
 
 private:

@@ -47,8 +47,8 @@ QSize PathMapView::sizeHint() const {
 
 void PathMapView::showSubject(const MapSubject& subject) {
     m_subject = subject;
-    lookAtClock();
     setCross(std::nullopt);
+    showAnew();
 }
 
 void PathMapView::setOutlines(const Outlines* outlines) {
@@ -64,6 +64,11 @@ void PathMapView::setShowsNight(bool showsNight) {
 void PathMapView::lookAtClock() {
     m_moment = m_now();
     pictureChanged();
+}
+
+void PathMapView::showAnew() {
+    lookAtClock();
+    sayReadOut(); // another place may lie below the pointer
 }
 
 void PathMapView::pictureChanged() {
@@ -143,7 +148,7 @@ void PathMapView::hideEvent(QHideEvent* event) {
 }
 
 void PathMapView::resizeEvent(QResizeEvent* event) {
-    lookAtClock();
+    showAnew();
     QWidget::resizeEvent(event);
 }
 
@@ -157,7 +162,7 @@ void PathMapView::changeEvent(QEvent* event) {
 
 void PathMapView::setRadius(double kilometres) {
     m_radius = std::clamp(kilometres, MapFrame::leastKilometres, halfCircumference);
-    lookAtClock();
+    showAnew();
 }
 
 void PathMapView::zoom(double steps) {
@@ -188,10 +193,14 @@ std::optional<Position> PathMapView::crossPlace() const {
 
 void PathMapView::setCross(const std::optional<Cross>& cross) {
     m_cross = cross;
-    say(crossReadOut());
+    m_pointerMovedLast = !cross.has_value();
+    sayReadOut();
     pictureChanged();
-    QAccessibleValueChangeEvent changed(this, m_readOut);
+    // Readers of a screen speak the one or the other.
+    QAccessibleValueChangeEvent changed(this, crossReadOut());
     QAccessible::updateAccessibility(&changed);
+    QAccessibleEvent described(this, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&described);
 }
 
 /// Without a Home nothing has a distance.
@@ -206,7 +215,10 @@ QString PathMapView::crossReadOut() const {
     return captionOf(crossPlace());
 }
 
-void PathMapView::say(const QString& readOut) {
+/// Of the place below the pointer, unless the cross has been moved since or there is no place.
+void PathMapView::sayReadOut() {
+    const auto place = m_pointer && m_pointerMovedLast ? placeAt(*m_pointer) : std::nullopt;
+    const QString readOut = place ? captionOf(place) : crossReadOut();
     if (m_readOut == readOut)
         return;
     m_readOut = readOut;
@@ -214,12 +226,14 @@ void PathMapView::say(const QString& readOut) {
 }
 
 void PathMapView::mouseMoveEvent(QMouseEvent* event) {
-    const auto place = placeAt(event->position());
-    say(place ? captionOf(place) : crossReadOut());
+    m_pointer = event->position();
+    m_pointerMovedLast = true;
+    sayReadOut();
 }
 
 void PathMapView::leaveEvent(QEvent* event) {
-    say(crossReadOut());
+    m_pointer.reset();
+    sayReadOut();
     QWidget::leaveEvent(event);
 }
 
@@ -253,7 +267,8 @@ void PathMapView::keyPressEvent(QKeyEvent* event) {
         QWidget::keyPressEvent(event);
 }
 
-/// The first arrow puts the cross on the Target or, without one, on the centre.
+/// The first arrow puts the cross on the Target, or on the rim in its direction where it is farther
+/// away; without a Target on the centre.
 bool PathMapView::moveCross(const QKeyEvent& event) {
     const bool isFar = event.modifiers().testFlag(Qt::ShiftModifier);
     const double steps = isFar ? 10 : 1;
@@ -276,7 +291,9 @@ bool PathMapView::moveCross(const QKeyEvent& event) {
     }
     if (!m_cross) {
         const auto& targets = m_subject.targets;
-        setCross(targets.empty() ? Cross{} : crossOf(targets.front().place));
+        Cross first = targets.empty() ? Cross{} : crossOf(targets.front().place);
+        first.kilometres = std::min(first.kilometres, m_radius);
+        setCross(first);
         return true;
     }
     const double pixel =

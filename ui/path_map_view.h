@@ -20,8 +20,8 @@ class PathMapView : public QWidget {
     Q_OBJECT
 
 public:
-    /// `now` is asked for the moment of day and night: when the map is shown, made larger, or is
-    /// about something else.
+    /// `now` is asked for the moment of day and night: when the map is shown, gets another size or
+    /// radius, or is about something else.
     explicit PathMapView(std::function<Moment()> now, QWidget* parent = nullptr);
 
     /// Another centre or another path. The cross goes.
@@ -85,8 +85,9 @@ private:
     Cross crossOf(Position place) const;
     bool moveCross(const QKeyEvent& event);
     bool changeRadius(const QKeyEvent& event);
-    void say(const QString& readOut);
+    void sayReadOut();
     void lookAtClock();
+    void showAnew();
     void pictureChanged();
 
     std::function<Moment()> m_now;
@@ -96,6 +97,8 @@ private:
     bool m_showsNight = true;
     double m_radius = halfCircumference;
     std::optional<Cross> m_cross;
+    std::optional<QPointF> m_pointer; ///< while it is over the view
+    bool m_pointerMovedLast = true;   ///< and not the cross
     QString m_readOut;
     std::optional<Picture> m_picture; ///< of the present state; nothing until it is painted
 };

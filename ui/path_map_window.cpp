@@ -8,6 +8,7 @@
 #include "ui/path_map_view.h"
 #include "ui/picture_file.h"
 #include "ui/qt_text.h"
+#include "ui/visible_place.h"
 #include "ui/window_messages.h"
 
 #include <QCheckBox>
@@ -67,7 +68,7 @@ PathMap::PathMap(const MapSurroundings& surroundings, QWidget* parent)
     layout->addWidget(m_view, 1);
     layout->addWidget(m_lblPath);
     layout->addLayout(lastLine);
-    resize(sizeHint().boundedTo(screen()->availableSize()));
+    resize(sizeHint().boundedTo(screen()->availableSize() - windowFrame));
 
     connect(m_view, &PathMapView::readOutChanged, m_lblPlace, &QLabel::setText);
     connect(m_view, &PathMapView::targetChosen, this, &PathMap::targetChosen);
@@ -156,11 +157,19 @@ void PathMap::askForFile() {
 void PathMap::savePicture(const QString& fileName) {
     const QByteArray bytes =
         pictureFile(pathMap(m_view->options()), words(), pictureKindOf(fileName));
+    if (bytes.isEmpty()) {
+        sayNotSaved(QStringLiteral("it could not be made"));
+        return;
+    }
     FileReplacement file(QFile::encodeName(fileName).toStdString());
     if (file.write({bytes.constData(), static_cast<std::size_t>(bytes.size())}) && file.finish())
         return;
     const QString reason = file.error() == EINVAL ? QStringLiteral("it is a device or a pipe")
                                                   : QString::fromStdString(reasonOf(file.error()));
+    sayNotSaved(reason);
+}
+
+void PathMap::sayNotSaved(const QString& reason) {
     showMessageBox(this, {toText(QStringLiteral("The picture was not saved: ") + reason + u'.'),
                           u"Save picture", MessageIcon::exclamation});
 }

@@ -48,6 +48,7 @@ private:
     void copyPicture();
     void askForFile();
     void savePicture(const QString& fileName);
+    void sayNotSaved(const QString& reason);
     SvgWords words() const;
     QString suggestedName() const;
 

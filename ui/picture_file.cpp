@@ -21,8 +21,7 @@ QByteArray png(const Picture& picture) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    printedImage(picture).save(&buffer, "PNG");
-    return bytes;
+    return printedImage(picture).save(&buffer, "PNG") ? bytes : QByteArray();
 }
 
 QByteArray pdf(const Picture& picture, const SvgWords& words) {
@@ -34,12 +33,13 @@ QByteArray pdf(const Picture& picture, const SvgWords& words) {
     writer.setTitle(toQString(words.title));
     writer.setPageSize(QPageSize(QSizeF(millimetres, millimetres), QPageSize::Millimeter));
     writer.setPageMargins(QMarginsF(0, 0, 0, 0));
-    QPainter painter(&writer);
+    QPainter painter;
+    if (!painter.begin(&writer))
+        return {};
     const RoleStyles styles = printStyles();
     paintPicture(painter, picture,
                  {.styles = styles, .font = printFont(), .scale = writer.width() / Picture::side});
-    painter.end();
-    return bytes;
+    return painter.end() ? bytes : QByteArray();
 }
 
 } // namespace

@@ -18,6 +18,7 @@ PictureKind pictureKindOf(const QString& fileName);
 QImage printedImage(const Picture& picture);
 
 /// The bytes of a picture's file, in the colours of print. A PDF has one page of 200 x 200 mm.
+/// Empty where it cannot be made, for want of memory for instance.
 QByteArray pictureFile(const Picture& picture, const SvgWords& words, PictureKind kind);
 
 } // namespace orbisgrid

@@ -3,6 +3,7 @@
 #include <QList>
 #include <QPoint>
 #include <QRect>
+#include <QSize>
 
 namespace orbisgrid {
 
@@ -11,6 +12,9 @@ struct ScreenArea {
     QRect whole;
     QRect available;
 };
+
+/// What a window manager puts around a window, at most.
+inline constexpr QSize windowFrame(16, 48);
 
 /// Where a window is put that belongs at `window` (its frame with it): there, if enough of its
 /// title is on a screen to take hold of it, however little else is; otherwise at the nearest place

@@ -53,6 +53,22 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowActive(map()));
     }
 
+    void aSecondPressBringsAMinimisedOneBack() {
+        m_main->click("cmdShowPathMap");
+        map()->showMinimized();
+        QTest::keyClick(&m_main->window(), Qt::Key_F2);
+        QVERIFY(!map()->isMinimized());
+        QVERIFY(map()->isVisible());
+    }
+
+    void beforeACalculationASecondPressTakesTheHomeBoxAnew() {
+        m_main->click("cmdShowPathMap");
+        m_main->type("txtHome", QStringLiteral("RE78JS"));
+        QTest::keyClick(&m_main->window(), Qt::Key_F2);
+        const auto& view = *map()->findChild<PathMapView*>();
+        QVERIFY(view.options().view.centre.latitude < -40);
+    }
+
     void beforeACalculationItIsAroundTheHomeBox_data() {
         QTest::addColumn<QString>("home");
         QTest::addColumn<QString>("line");

@@ -129,6 +129,32 @@ private Q_SLOTS:
         QCOMPARE(m_map->text("lblPlace"), QString());
     }
 
+    void thePointersPlaceChangesWithTheRadius() {
+        m_map->open(bostonPath);
+        const QPoint place = m_map->view().rect().center() + QPoint(80, 40);
+        QTest::mouseMove(&m_map->view(), place);
+        QTest::mouseMove(&m_map->view(), place + QPoint(1, 0));
+        const QString before = m_map->view().readOut();
+        QTest::keyClick(&m_map->view(), Qt::Key_Plus);
+        const QString after = m_map->view().readOut();
+        QVERIFY(!after.isEmpty());
+        QVERIFY2(after != before, qPrintable(after));
+        QTest::mouseMove(&m_map->view(), place);
+        QTest::mouseMove(&m_map->view(), place + QPoint(1, 0));
+        QCOMPARE(m_map->view().readOut(), after);
+    }
+
+    void thePointersPlaceIsSaidAgainWithAnotherPath() {
+        m_map->open(bostonPath);
+        for (const QPoint& place : {QPoint(60, 30), QPoint(61, 30)}) // one of them is another one
+            QTest::mouseMove(&m_map->view(), m_map->view().rect().center() + place);
+        QTest::keyClick(&m_map->view(), Qt::Key_Left);
+        QCOMPARE(m_map->view().readOut(), m_map->view().crossReadOut());
+        m_map->window().showSubject(subjectOfPath(bostonPath).value());
+        QVERIFY(m_map->view().crossReadOut().isEmpty());
+        QVERIFY(!m_map->view().readOut().isEmpty());
+    }
+
     void withoutAHomeThereIsALocatorAndNoDistance() {
         m_map->open(subjectBeforePath(u""));
         m_map->press(Qt::Key_Up);
@@ -209,6 +235,15 @@ private Q_SLOTS:
         QVERIFY(std::fabs(crossKilometres() - before + 9 * pixel) < 1e-6);
     }
 
+    void theFirstCrossIsWithinTheRim() {
+        m_map->open(bostonPath);
+        for (int i = 0; i < 10; ++i)
+            QTest::keyClick(&m_map->view(), Qt::Key_Plus);
+        QVERIFY(radius() < 5000); // Boston is farther away
+        QTest::keyClick(&m_map->view(), Qt::Key_Left);
+        QVERIFY(std::fabs(crossKilometres() - radius()) < 1e-6 * radius());
+    }
+
     void theCrossStaysWithinTheRim() {
         m_map->open(bostonPath);
         m_map->press(Qt::Key_Up);
@@ -262,7 +297,9 @@ private Q_SLOTS:
         m_map->open(bostonPath);
         QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(&m_map->view());
         QCOMPARE(spoken->text(QAccessible::Value), QString());
+        QVERIFY(spoken->text(QAccessible::Description).contains(QStringLiteral("arrow keys")));
         m_map->press(Qt::Key_Up);
+        QCOMPARE(spoken->text(QAccessible::Description), spoken->text(QAccessible::Value));
         QCOMPARE(spoken->text(QAccessible::Value),
                  QStringLiteral("FN42AA: 5637 km, 3520 miles, 291°"));
         QCOMPARE(test::controlsThatSayNothing(m_map->window()), QStringList());
@@ -293,6 +330,29 @@ private Q_SLOTS:
         QCOMPARE(targets.isEmpty() ? QString() : targets.last().first().toString(), target);
         QCOMPARE(homes.isEmpty() ? QString() : homes.last().first().toString(), home);
         QCOMPARE(QGuiApplication::clipboard()->text(), copied);
+    }
+
+    void theMenuOfTheRightButtonIsOfThePlaceBelowThePointer() {
+        m_map->open(bostonPath);
+        const QSignalSpy targets(&m_map->window(), &PathMap::targetChosen);
+        m_map->press(Qt::Key_Up); // a cross elsewhere
+        m_map->press(Qt::Key_Up);
+        const QPoint place = m_map->pixelOf(brussels);
+        withMenu(
+            [](const QMenu& menu) {
+                QStringList captions;
+                for (const QAction* action : menu.actions())
+                    captions += action->text();
+                QCOMPARE(
+                    captions,
+                    (QStringList{QStringLiteral("Set as Target"), QStringLiteral("Set as Home"),
+                                 QStringLiteral("Copy locator"), QString(),
+                                 QStringLiteral("Copy picture"), QStringLiteral("Save picture…")}));
+                menu.actions().constFirst()->trigger();
+            },
+            QContextMenuEvent::Mouse, place);
+        QCOMPARE(targets.size(), 1);
+        QCOMPARE(targets.last().first().toString().left(4), QStringLiteral("JO20"));
     }
 
     void withoutAPlaceTheMenuHasThePictureOnly() {
@@ -433,8 +493,10 @@ private:
         QApplication::sendEvent(&m_map->view(), &event);
     }
 
-    /// Opens the menu as the menu key does and hands it over.
-    void withMenu(const std::function<void(const QMenu&)>& use) {
+    /// Opens the menu, as the menu key does unless it is said otherwise, and hands it over.
+    void withMenu(const std::function<void(const QMenu&)>& use,
+                  QContextMenuEvent::Reason reason = QContextMenuEvent::Keyboard,
+                  QPoint place = {1, 1}) {
         bool wasUsed = false;
         QTimer::singleShot(50, &m_map->window(), [&] {
             auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
@@ -444,8 +506,7 @@ private:
             use(*menu);
             menu->close();
         });
-        QContextMenuEvent event(QContextMenuEvent::Keyboard, {1, 1},
-                                m_map->view().mapToGlobal(QPoint(1, 1)));
+        QContextMenuEvent event(reason, place, m_map->view().mapToGlobal(place));
         QApplication::sendEvent(&m_map->view(), &event);
         QVERIFY(wasUsed);
     }
