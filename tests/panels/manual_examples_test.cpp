@@ -180,20 +180,10 @@ std::string compressedExample(const Parts& in) {
     return toUtf8(compressedText({std::stod(in[1]), std::stod(in[2])}));
 }
 
-/// The line below the map, up to its long path and behind it.
-std::array<std::string, 2> mapLine(const Parts& in) {
-    const std::string line = toUtf8(pathCaption({fromUtf8(in[1]), fromUtf8(in[2])}).value());
-    const std::string names = in[1] + " to " + in[2] + ": ", between = "; long path ";
-    const std::size_t split = line.find(between);
-    return {line.substr(names.size(), split - names.size()), line.substr(split + between.size())};
-}
-
-std::string pathExample(const Parts& in) {
-    return mapLine(in)[0];
-}
-
-std::string longPathExample(const Parts& in) {
-    return mapLine(in)[1];
+/// The line below the map, behind the two locators.
+std::string mapLineExample(const Parts& in) {
+    const std::string names = in[1] + " to " + in[2] + ": ";
+    return toUtf8(pathCaption({fromUtf8(in[1]), fromUtf8(in[2])}).value()).substr(names.size());
 }
 
 /// A kind of example: a pattern whose last group is what `compute` must give for the others.
@@ -210,8 +200,7 @@ std::ostream& operator<<(std::ostream& stream, const Kind& kind) {
 
 const Kind kinds[] = {
     {"distance", "    Home (\\w+), Target (\\w+): (.*)", distanceExample, 5},
-    {"path on the map", "    Path (\\w+) to (\\w+): (.*)", pathExample, 2},
-    {"long path", "    Long path (\\w+) to (\\w+): (.*)", longPathExample, 2},
+    {"path on the map", "  (\\w+) to (\\w+): (.*)", mapLineExample, 2},
     {"neighbours", "    From (\\w+) to (\\w+): (.*)", neighboursExample, 3},
     {"locator", "    Locator (\\w+) is (.*)", locatorExample, 5},
     {"extended locator", "    Extended (\\w+) is (.*)", extendedExample, 5},
