@@ -51,6 +51,16 @@ TEST(AdifReader, ANameOfAHundredCharactersIsOneAndALongerOneIsNot) {
     EXPECT_EQ(readLog("<" + name + "N:1>x<CALL:1>y<EOR>", 7), "1: [CALL=y]");
 }
 
+TEST(AdifReader, ATypeOfAHundredCharactersIsOneAndALongerOneIsNot) {
+    const std::string type(99, 't');
+    EXPECT_EQ(readLog("<A:1:" + type + ">x<EOR>", 7), "1: [A=x]");
+    EXPECT_EQ(readLog("<A:1:" + type + "tt>x<CALL:1>y<EOR>", 7), "1: [CALL=y]");
+}
+
+TEST(AdifReader, AControlCharacterIsOfNoName) {
+    EXPECT_EQ(readLog("<A\x7F:1>x<B\x1F:1>x<CALL:1>y<EOR>", 7), "1: [CALL=y]");
+}
+
 TEST(AdifReader, ItsContentEndsBeforeTheEnd) {
     const std::string log = "\n<CALL:4>G4AB x <EOR>\n<CALL:4>G4AB y\n";
     test::Pieces pieces(log, 65536);
@@ -81,6 +91,7 @@ TEST(FieldOf, ComparesNamesInAnyCase) {
     EXPECT_EQ(fieldOf(record, "XRIDSQUARE"), nullptr);
     EXPECT_EQ(capitalName(record.fields[1]), "GRIDSQUARE");
     EXPECT_EQ(capitalName({"app_{a}", {}, {}}), "APP_{A}");
+    EXPECT_EQ(capitalName({"cqz", {}, {}}), "CQZ");
 }
 
 TEST(AppendField, CountsItsValue) {
@@ -88,6 +99,12 @@ TEST(AppendField, CountsItsValue) {
     appendField(bytes, "DISTANCE", "5637");
     appendField(bytes, "NAME", "");
     EXPECT_EQ(bytes, "x<DISTANCE:4>5637<NAME:0>");
+}
+
+TEST(WithoutWhiteSpace, TakesAllOfItFromBothEnds) {
+    EXPECT_EQ(withoutWhiteSpace("FN42AA "), "FN42AA");
+    EXPECT_EQ(withoutWhiteSpace(" \r\n\tFN 42\r\n"), "FN 42");
+    EXPECT_EQ(withoutWhiteSpace(" "), "");
 }
 
 class PlaceTest : public testing::TestWithParam<Row> {};
@@ -117,6 +134,9 @@ TEST(AppendCoordinate, WritesDegreesAndMinutes) {
     EXPECT_EQ(written(179.99999, "EW"), "E179 59.999");
     EXPECT_EQ(written(179.999999, "EW"), "E180 00.000") << "minutes are carried";
     EXPECT_EQ(written(-0.000001, "NS"), "N000 00.000") << "nothing is not south";
+    EXPECT_EQ(written(0.5, "NS"), "N000 30.000");
+    EXPECT_EQ(written(-0.5, "EW"), "W000 30.000");
+    EXPECT_EQ(written(100 + 1.0 / 60, "EW"), "E100 01.000");
 }
 
 } // namespace

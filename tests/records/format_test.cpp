@@ -41,6 +41,7 @@ TEST(FormatOfFile, GoesByTheEndOfItsName) {
 
 TEST(IsColumn, InAnyCaseAndBetweenBlanks) {
     EXPECT_TRUE(isColumn(" GridSquare\t", "gridsquare"));
+    EXPECT_TRUE(isColumn("AZ", "az"));
     EXPECT_FALSE(isColumn("gridsquares", "gridsquare"));
     EXPECT_FALSE(isColumn("gridsquar", "gridsquare"));
 }
