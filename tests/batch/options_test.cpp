@@ -44,6 +44,11 @@ TEST(Invocation, TakesEveryOptionOfDistance) {
     EXPECT_EQ(call.files, (std::vector<std::string>{"a", "b"}));
 }
 
+TEST(Invocation, AMinusIsTheStandardOutput) {
+    EXPECT_EQ(invocationOf({"distance", "-o", "-"}).outputFile, "");
+    EXPECT_EQ(invocationOf({"distance", "-o", "-"}).run.outputName, "standard output");
+}
+
 TEST(Invocation, TakesNothingForGranted) {
     const Invocation call = invocationOf({"distance"});
     EXPECT_EQ(call.distance.home, "");

@@ -31,6 +31,7 @@ TEST(Azimuthal, ItsOriginIsTheCentreToTheLastBit) {
     const auto place = Azimuthal({10, 190}).placeAt({0, 0});
     ASSERT_TRUE(place);
     EXPECT_NEAR(place->longitude, -170, 1e-9);
+    EXPECT_NEAR(Azimuthal({100, 10}).placeAt({0, 0})->latitude, 80, 1e-9) << "behind the pole";
 }
 
 TEST(Azimuthal, NorthIsUpAndEastIsRight) {
