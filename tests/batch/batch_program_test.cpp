@@ -48,6 +48,11 @@ TEST(BatchProgram, EndsALineThatTheNextFileWouldGoOnWith) {
     const std::string line = "JO20 FN42" + resultOfFn42;
     EXPECT_EQ(run("distance " + open + " " + ended).output, line + "\n" + line + "\n");
     EXPECT_EQ(run("distance " + ended + " " + open).output, line + "\n" + line);
+    // Where nothing is read to guess the format, the results of both are still waiting.
+    EXPECT_EQ(run("distance --input lines " + open + " " + ended).output,
+              line + "\n" + line + "\n");
+    EXPECT_EQ(run("distance --input lines " + ended + " " + ended).output,
+              line + "\n" + line + "\n");
     EXPECT_EQ(
         shell("{ printf 'JO20 FN42'; sleep 0.2; } | " + program + " distance - " + open).output,
         line + "\n" + line);

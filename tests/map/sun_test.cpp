@@ -48,6 +48,11 @@ TEST(Moment, IsNotReadFromALongerText) {
     EXPECT_FALSE(parsedMoment(std::string_view("2026-06-21T12:00:00Z\0", 21)));
 }
 
+TEST(Moment, IsEqualToItselfAlone) {
+    EXPECT_EQ(Moment{1}, Moment{1});
+    EXPECT_FALSE(Moment{1} == Moment{2});
+}
+
 TEST(Moment, BeyondTheCalendarIsItsEnd) {
     using Limits = std::numeric_limits<std::int64_t>;
     EXPECT_EQ(momentText({Limits::max()}), "9999-12-31T23:59:59Z");
