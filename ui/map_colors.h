@@ -6,9 +6,9 @@ class QPalette;
 
 namespace orbisgrid {
 
-/// The look of a map in a window with that palette: print's colours and a tinted
-/// sea on a light one, light lines on
-/// a dark one, and on a black one (high contrast) the palette's own two colours.
+/// The look of a map in a window with that palette: print's colours and a tinted sea on a light
+/// one, light lines on a dark one, and on a black one (high contrast) the palette's own two
+/// colours.
 RoleStyles screenStyles(const QPalette& palette);
 
 } // namespace orbisgrid

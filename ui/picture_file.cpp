@@ -54,13 +54,8 @@ PictureKind pictureKindOf(const QString& fileName) {
 
 QImage printedImage(const Picture& picture) {
     constexpr int pixels = 2000;
-    QImage image(pixels, pixels, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
     const RoleStyles styles = printStyles();
-    paintPicture(painter, picture,
-                 {.styles = styles, .font = printFont(), .scale = pixels / Picture::side});
-    return image;
+    return paintedImage(picture, pixels, {.styles = styles, .font = printFont()});
 }
 
 QByteArray pictureFile(const Picture& picture, const SvgWords& words, PictureKind kind) {

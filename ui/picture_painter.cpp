@@ -160,4 +160,13 @@ void paintPicture(QPainter& painter, const Picture& picture, const PictureLook& 
     painter.restore();
 }
 
+QImage paintedImage(const Picture& picture, int pixels, PictureLook look) {
+    look.scale = pixels / Picture::side;
+    QImage image(pixels, pixels, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    paintPicture(painter, picture, look);
+    return image;
+}
+
 } // namespace orbisgrid

@@ -4,6 +4,7 @@
 #include "map/role_style.h"
 
 #include <QFont>
+#include <QImage>
 #include <QTransform>
 
 class QPainter;
@@ -25,5 +26,8 @@ struct PictureLook {
 /// For a screen, areas have unsmoothed edges below their smooth outlines, and letters get their
 /// light seam by being painted five times: what a window shows is there in a fifth of the time.
 void paintPicture(QPainter& painter, const Picture& picture, const PictureLook& look);
+
+/// A picture of that many pixels each way on white; the look's scale is that of the size.
+QImage paintedImage(const Picture& picture, int pixels, PictureLook look);
 
 } // namespace orbisgrid

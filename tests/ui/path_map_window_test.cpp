@@ -13,7 +13,6 @@
 #include <QClipboard>
 #include <QFileDialog>
 #include <QMimeData>
-#include <QPainter>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -64,17 +63,10 @@ std::pair<double, QPoint> mostDifferentBlock(const QImage& one, const QImage& ot
 
 /// With print's colours, as a window paints.
 QImage paintedForScreen(const Picture& picture) {
-    constexpr int pixels = 2000;
-    QImage image(pixels, pixels, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
     const RoleStyles styles = printStyles();
-    paintPicture(painter, picture,
-                 {.styles = styles,
-                  .font = QFont(QStringLiteral("DejaVu Sans")),
-                  .scale = pixels / Picture::side,
-                  .isForScreen = true});
-    return image;
+    return paintedImage(
+        picture, 2000,
+        {.styles = styles, .font = QFont(QStringLiteral("DejaVu Sans")), .isForScreen = true});
 }
 
 } // namespace
