@@ -178,6 +178,7 @@ def prepare(rooms, jobs):
     for room in rooms:
         for patterns in PROGRAMS[room]:
             sources |= set(expanded(patterns))
+    commands()  # once, before the threads ask for them
     with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
         if not all(pool.map(lambda path: compiled(ROOT / path, object_of(path), path), sorted(sources))):
             return False
