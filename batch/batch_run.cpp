@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstdint>
 #include <tuple>
 
 namespace orbisgrid {
@@ -35,12 +36,23 @@ std::string printable(std::string_view text) {
     std::replace_if(
         line.begin(), line.end(),
         [](char byte) { return (byte >= 0 && byte < ' ') || byte == '\x7F'; }, '?');
+    // The control characters beyond ASCII, as UTF-8 has them.
+    for (std::size_t at = line.find('\xC2'); at != std::string::npos;
+         at = line.find('\xC2', at + 1)) {
+        if (at + 1 < line.size() && (static_cast<std::uint8_t>(line[at + 1]) & 0xE0U) == 0x80)
+            line.replace(at, 2, "?");
+    }
     return line;
 }
 
 std::string shortened(std::string_view text) {
     constexpr std::size_t most = 60;
-    return printable(text.substr(0, most)) + (text.size() > most ? "..." : "");
+    if (text.size() <= most)
+        return printable(text);
+    std::size_t end = most;
+    while (end > most - 3 && (static_cast<std::uint8_t>(text[end]) & 0xC0U) == 0x80)
+        --end; // not within a character of UTF-8
+    return printable(text.substr(0, end)) + "...";
 }
 
 } // namespace
@@ -84,6 +96,11 @@ bool BatchRun::process(ByteSource& source, const std::string& name) {
     if (m_options.output && *m_options.output != Format::json && *m_options.output != *format) {
         fail(name, "a list of the format " + std::string(nameOf(*format)) +
                        " can be written as it is, or as json");
+        return false;
+    }
+    if (*format == Format::lines &&
+        !(m_options.list.homeColumn.empty() && m_options.list.targetColumn.empty())) {
+        fail(name, "lines have no columns that could be named");
         return false;
     }
     m_unit = unitOf(*format);
@@ -180,7 +197,7 @@ bool BatchRun::answer(List& list, const std::string& name, bool isJson) {
 
 void BatchRun::writeJson(List& list, std::string_view refusal) {
     JsonLine object(m_out);
-    list.addMembers(object);
+    list.addMembers(object, refusal.empty());
     for (std::size_t i = 0; i < m_values.size() && refusal.empty(); ++i) {
         const Column& column = m_task.columns()[i];
         if (list.hasOwn(i))
@@ -191,7 +208,7 @@ void BatchRun::writeJson(List& list, std::string_view refusal) {
             object.addText(column.name, m_values[i]);
     }
     if (!refusal.empty())
-        object.addText("error", refusal);
+        object.addText(refusalMember, refusal);
     object.end();
 }
 

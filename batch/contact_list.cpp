@@ -8,38 +8,45 @@ namespace orbisgrid {
 
 namespace {
 
-/// The fields that a question is made of.
-constexpr std::array<std::string_view, 6> names{"MY_GRIDSQUARE", "GRIDSQUARE", "GRIDSQUARE_EXT",
-                                                "LAT",           "LON",        "ANT_PATH"};
-
 /// GRIDSQUARE holds up to eight characters of a locator, GRIDSQUARE_EXT the next ones. Ten are the
 /// most that a locator has here.
 constexpr std::size_t extended = 8;
 constexpr std::size_t longest = 10;
 
-/// A bit for each length that one of the names has.
-constexpr std::uint32_t lengthsOfNames = [] {
-    std::uint32_t lengths = 0;
-    for (const std::string_view name : names)
-        lengths |= 1U << name.size();
-    return lengths;
-}();
+/// Stands for the length of a name.
+std::uint32_t lengthBit(std::string_view name) {
+    return std::uint32_t{1} << (name.size() % 32);
+}
+
+/// The name that an option gives to a field, in capitals; else its usual one.
+std::string nameOr(const std::string& option, const char* usual) {
+    return option.empty() ? usual : inCapitals(option);
+}
 
 } // namespace
 
 ContactList::ContactList(RecordWindow& window, Task& task, const ListOptions& options)
     : List(task, options)
-    , m_reader(window) {}
+    , m_reader(window)
+    , m_names{nameOr(options.homeColumn, "MY_GRIDSQUARE"),
+              nameOr(options.targetColumn, "GRIDSQUARE"),
+              "GRIDSQUARE_EXT",
+              "LAT",
+              "LON",
+              "ANT_PATH"} {
+    for (const std::string& name : m_names)
+        m_lengths |= lengthBit(name);
+}
 
 /// One pass for all of them: most of a contact's fields are others, which their lengths tell.
 void ContactList::findFields() {
     m_found.fill({});
     for (const Field& field : record().fields) {
-        if (field.name.size() >= 32 || (lengthsOfNames >> field.name.size() & 1U) == 0)
+        if ((m_lengths & lengthBit(field.name)) == 0)
             continue;
-        for (std::size_t i = 0; i < names.size(); ++i) {
+        for (std::size_t i = 0; i < m_names.size(); ++i) {
             // Without white space, which a length that is too large has in it.
-            if (m_found[i].empty() && isNamed(field, names[i]))
+            if (m_found[i].empty() && isNamed(field, m_names[i]))
                 m_found[i] = withoutWhiteSpace(field.value);
         }
     }
@@ -99,15 +106,10 @@ void ContactList::write(std::string& bytes, const Question& question, const Valu
     copyTo(contact.bytes.data() + contact.bytes.size());
 }
 
-void ContactList::addMembers(JsonLine& object) {
-    const auto& fields = record().fields;
-    for (auto field = fields.begin(); field != fields.end(); ++field) {
-        const std::string member = capitalName(*field);
-        const bool isRepeated = std::any_of(
-            fields.begin(), field, [&](const Field& earlier) { return isNamed(earlier, member); });
-        if (!isRepeated)
-            object.addText(member, field->value);
-    }
+void ContactList::addMembers(JsonLine& object, bool /*hasResults*/) {
+    MemberNames names(refusalMember);
+    for (const Field& field : record().fields)
+        object.addText(names.take(inCapitals(field.name)), field.value);
 }
 
 } // namespace orbisgrid

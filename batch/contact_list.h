@@ -4,21 +4,22 @@
 #include "records/adif.h"
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace orbisgrid {
 
 /// Contacts of an ADIF log. The target is GRIDSQUARE with its GRIDSQUARE_EXT, or else the place of
-/// LAT and LON; Home is MY_GRIDSQUARE. Fields that a contact has stay, or are written anew; others
-/// are added before its end.
+/// LAT and LON; Home is MY_GRIDSQUARE; the options may name other fields for the two. Fields that a
+/// contact has stay, or are written anew; others are added before its end.
 class ContactList : public List {
 public:
     ContactList(RecordWindow& window, Task& task, const ListOptions& options);
 
     Question question() override;
     void write(std::string& bytes, const Question& question, const Values* values) override;
-    void addMembers(JsonLine& object) override;
+    void addMembers(JsonLine& object, bool hasResults) override;
 
 protected:
     Reading read(Record& record) override { return m_reader.next(record); }
@@ -27,7 +28,9 @@ private:
     void findFields();
 
     AdifReader m_reader;
-    std::array<std::string_view, 6> m_found; ///< the values of the fields that are asked for
+    std::array<std::string, 6> m_names;      ///< of the fields that are asked for, in capitals
+    std::uint32_t m_lengths = 0;             ///< of these names: a bit for each
+    std::array<std::string_view, 6> m_found; ///< their values
     std::string m_target;                    ///< of two of them
     ContactFields m_fields;
 };

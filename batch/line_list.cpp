@@ -55,7 +55,7 @@ void LineList::write(std::string& bytes, const Question& /*question*/, const Val
     bytes += record().bytes.substr(record().room());
 }
 
-void LineList::addMembers(JsonLine& object) {
+void LineList::addMembers(JsonLine& object, bool /*hasResults*/) {
     if (!task().hasHome()) {
         object.addText("position", m_question.target);
         return;

@@ -14,7 +14,7 @@ public:
     Question question() override;
     void pass(std::string& bytes) const override;
     void write(std::string& bytes, const Question& question, const Values* values) override;
-    void addMembers(JsonLine& object) override;
+    void addMembers(JsonLine& object, bool hasResults) override;
 
 protected:
     Reading read(Record& record) override;

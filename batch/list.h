@@ -14,11 +14,14 @@ namespace orbisgrid {
 
 /// What the options say about lists.
 struct ListOptions {
-    std::string homeColumn;   ///< empty: the usual names
+    std::string homeColumn;   ///< or the field of a contact; empty: the usual names
     std::string targetColumn; ///< likewise
     bool hasHeader = false;   ///< the first line of `lines` is one
     bool isReplacing = false; ///< results that are there already are written anew
 };
+
+/// The member of an object that says why there are no results.
+inline constexpr const char* refusalMember = "error";
 
 /// A list in one format: reads its records one by one, and writes each as it came with its results.
 class List {
@@ -49,8 +52,9 @@ public:
     /// Puts the record behind `bytes`, with its results: null where they were refused.
     virtual void write(std::string& bytes, const Question& question, const Values* values) = 0;
 
-    /// The record's own fields as members of an object.
-    virtual void addMembers(JsonLine& object) = 0;
+    /// The record's own fields as members of an object, without those that its results replace,
+    /// where it `hasResults`. None is called `refusalMember`.
+    virtual void addMembers(JsonLine& object, bool hasResults) = 0;
 
     /// Whether a column of results is among these already, and stays.
     virtual bool hasOwn(std::size_t /*column*/) const { return false; }

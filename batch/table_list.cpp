@@ -46,6 +46,7 @@ void TableList::takeHeader(const Record& record) {
     for (const Field& field : record.fields) {
         std::string name;
         appendUnquoted(name, field);
+        m_members.push_back(m_taken.take(name));
         m_names.push_back(std::move(name));
     }
     for (std::size_t i = 0; i < m_columns.size(); ++i)
@@ -174,15 +175,24 @@ void TableList::write(std::string& bytes, const Question& /*question*/, const Va
     copyTo(row.bytes.data() + row.bytes.size());
 }
 
-void TableList::addMembers(JsonLine& object) {
+/// For a field that no name of the header stands above.
+std::string TableList::surplusName(std::size_t place) const {
+    MemberNames taken = m_taken;
+    return taken.take("field_" + std::to_string(place + 1));
+}
+
+void TableList::addMembers(JsonLine& object, bool hasResults) {
     const Record& row = record();
-    for (std::size_t i = 0; i < std::min(m_names.size(), row.fields.size()); ++i) {
+    for (std::size_t i = 0; i < row.fields.size(); ++i) {
         const bool isResult = std::find(m_columns.begin(), m_columns.end(), i) != m_columns.end();
-        if (isResult && options().isReplacing)
+        if (isResult && hasResults && options().isReplacing)
             continue;
         m_member.clear();
         appendUnquoted(m_member, row.fields[i]);
-        object.addText(m_names[i], m_member);
+        if (i < m_members.size())
+            object.addText(m_members[i], m_member);
+        else
+            object.addText(surplusName(i), m_member);
     }
 }
 

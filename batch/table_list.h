@@ -21,7 +21,7 @@ public:
     Question question() override;
     void pass(std::string& bytes) const override;
     void write(std::string& bytes, const Question& question, const Values* values) override;
-    void addMembers(JsonLine& object) override;
+    void addMembers(JsonLine& object, bool hasResults) override;
     bool hasOwn(std::size_t column) const override;
 
 protected:
@@ -34,10 +34,13 @@ private:
     std::size_t placeOf(const std::vector<std::string_view>& names) const;
     std::string_view valueAt(std::size_t place) const;
     void appendValue(std::string& bytes, std::string_view value) const;
+    std::string surplusName(std::size_t place) const;
     const std::string* replacement(std::size_t place, const Values* values) const;
 
     CsvReader m_reader;
     std::vector<std::string> m_names;   ///< of the header, as they are written there
+    std::vector<std::string> m_members; ///< the same as names of an object's members
+    MemberNames m_taken{refusalMember}; ///< by them
     std::vector<std::size_t> m_columns; ///< for each result its place in the header, or none
     std::size_t m_home = none;
     std::size_t m_target = none;

@@ -323,10 +323,10 @@ bool isNamed(const Field& field, std::string_view capitals) {
     return isNamed(field.name, capitals);
 }
 
-std::string capitalName(const Field& field) {
-    std::string name(field.name);
-    std::transform(name.begin(), name.end(), name.begin(), capital);
-    return name;
+std::string inCapitals(std::string_view name) {
+    std::string capitals(name);
+    std::transform(capitals.begin(), capitals.end(), capitals.begin(), capital);
+    return capitals;
 }
 
 bool isEnded(const Record& contact) {

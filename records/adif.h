@@ -36,8 +36,8 @@ private:
 /// Whether a field has this name, which is given in capitals: names are compared in any case.
 [[nodiscard]] bool isNamed(const Field& field, std::string_view capitals);
 
-/// The name of a field in capitals.
-[[nodiscard]] std::string capitalName(const Field& field);
+/// The name of a field with its letters of ASCII in capitals.
+[[nodiscard]] std::string inCapitals(std::string_view name);
 
 /// The first field of this name, given in capitals. Nothing where there is none.
 [[nodiscard]] const Field* fieldOf(const Record& record, std::string_view name);

@@ -38,6 +38,13 @@ void appendEscaped(std::string& bytes, char byte) {
 
 } // namespace
 
+std::string MemberNames::take(std::string_view name) {
+    std::string free(name);
+    for (int number = 2; !m_taken.insert(free).second; ++number)
+        free.assign(name).append("_").append(std::to_string(number));
+    return free;
+}
+
 // NOLINTNEXTLINE(bugprone-easily-swappable-parameters): in the order in which they are written
 void JsonLine::addText(std::string_view key, std::string_view value) {
     addKey(key);

@@ -1,9 +1,24 @@
 #pragma once
 
+#include <set>
 #include <string>
 #include <string_view>
 
 namespace orbisgrid {
+
+/// The names of an object's members, each there once: of two the same a reader of JSON keeps one.
+class MemberNames {
+public:
+    /// None but `reserved`, which is given to nobody.
+    explicit MemberNames(std::string reserved) { m_taken.insert(std::move(reserved)); }
+
+    /// `name` where it is free; otherwise with the first free number from 2 on: "name_2". It is
+    /// taken then.
+    std::string take(std::string_view name);
+
+private:
+    std::set<std::string> m_taken;
+};
 
 /// Writes one object of JSON (RFC 8259) on a line of its own behind `bytes`.
 class JsonLine {

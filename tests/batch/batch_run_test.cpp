@@ -45,6 +45,26 @@ TEST(BatchRun, ShowsNoControlCharacters) {
         runBatch("distance --home JO20 --input lines", "\x1b[2J\x7Fö\n", "a\nb");
     EXPECT_TRUE(result.messages.starts_with("a?b:1: Invalid locator! (?[2J?ö)\n"))
         << result.messages;
+    EXPECT_EQ(runBatch("distance --home JO20 --input lines", "\xC2\x80\xC2\x9F\xC2\xA0\xC2", "a")
+                  .messages,
+              "a:1: Invalid locator! (?\?\xC2\xA0\xC2)\n1 line, 1 refused\n")
+        << "as UTF-8 has those beyond ASCII";
+}
+
+TEST(BatchRun, AMarkAtTheBeginningIsNoPartOfTheFirstName) {
+    const std::string mark = "\xEF\xBB\xBF";
+    const std::string results = ",5625,3513,292,50.47917,4.958333,42.47917,-71.04166";
+    const auto distances = [&](const std::string& list, const char* name) {
+        return runBatch("distance --home JO20", mark + list, name).output;
+    };
+    for (const char* name : {"a.csv", "a"}) {
+        const std::string output = distances("locator,b\r\nFN42,x\r\n", name);
+        EXPECT_TRUE(output.starts_with(mark + "locator,b,distance_km,")) << output;
+        EXPECT_TRUE(output.ends_with("\r\nFN42,x" + results + "\r\n")) << output;
+    }
+    EXPECT_EQ(distances("<GRIDSQUARE:4>FN42<EOR>", "a"),
+              mark + "<GRIDSQUARE:4>FN42<DISTANCE:4>5625 <APP_ORBISGRID_AZIMUTH:3>292 <EOR>");
+    EXPECT_TRUE(distances("FN42", "a").starts_with(mark + "FN42\t5625\t"));
 }
 
 TEST(BatchRun, ALineThatIsNoneEndsIt) {

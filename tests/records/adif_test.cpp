@@ -89,9 +89,9 @@ TEST(FieldOf, ComparesNamesInAnyCase) {
     ASSERT_NE(fieldOf(record, "GRIDSQUARE"), nullptr);
     EXPECT_EQ(fieldOf(record, "GRIDSQUARE")->value, "1");
     EXPECT_EQ(fieldOf(record, "XRIDSQUARE"), nullptr);
-    EXPECT_EQ(capitalName(record.fields[1]), "GRIDSQUARE");
-    EXPECT_EQ(capitalName({"app_{a}", {}, {}}), "APP_{A}");
-    EXPECT_EQ(capitalName({"cqz", {}, {}}), "CQZ");
+    EXPECT_EQ(inCapitals(record.fields[1].name), "GRIDSQUARE");
+    EXPECT_EQ(inCapitals("app_{a}"), "APP_{A}");
+    EXPECT_EQ(inCapitals("cqz"), "CQZ");
 }
 
 TEST(AppendField, CountsItsValue) {

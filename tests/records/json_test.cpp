@@ -6,6 +6,18 @@ namespace orbisgrid {
 
 namespace {
 
+TEST(MemberNames, AreThereOnce) {
+    MemberNames names("error");
+    EXPECT_EQ(names.take("call"), "call");
+    EXPECT_EQ(names.take("Call"), "Call") << "another one to a reader of JSON";
+    EXPECT_EQ(names.take("call"), "call_2");
+    EXPECT_EQ(names.take("call"), "call_3");
+    EXPECT_EQ(names.take("call_2"), "call_2_2");
+    EXPECT_EQ(names.take("error"), "error_2");
+    EXPECT_EQ(names.take(""), "");
+    EXPECT_EQ(names.take(""), "_2");
+}
+
 std::string textOf(std::string_view value) {
     std::string bytes;
     JsonLine line(bytes);
