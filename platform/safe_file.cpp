@@ -116,20 +116,28 @@ bool isSecondFile(std::string_view entry, std::string_view prefix) {
     return !entry.empty() && entry.find_first_not_of("0123456789-") == std::string_view::npos;
 }
 
+/// Where a descriptor's file can be reached though it has no name.
+std::string pathOf(const FileDescriptor& file) {
+    return "/proc/self/fd/" + std::to_string(file.get());
+}
+
+/// When a second file gets its name. One that has none is gone with its process, but not every file
+/// system knows such files.
+enum class Naming { atOnce, atTheEnd };
+
 /// A file that is gone with this object unless it was put in place.
 class SecondFile {
 public:
-    explicit SecondFile(const SplitPath& target) {
-        const std::string start =
-            target.folder + secondFilePrefix(target.name) + std::to_string(::getpid()) + "-";
-        // Names are taken only by leftovers of an earlier process of the same number.
-        for (int number = 0; number < 100; ++number) {
-            m_path = start + std::to_string(number);
+    SecondFile(const SplitPath& target, Naming naming)
+        : m_begin(target.folder + secondFilePrefix(target.name) + std::to_string(::getpid()) +
+                  "-") {
+        if (naming == Naming::atTheEnd && openNameless(target.folder))
+            return;
+        takeFreeName([&](const char* path) {
             m_file = FileDescriptor(
-                ::open(m_path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, modeOfNewFiles));
-            if (m_file || errno != EEXIST)
-                return;
-        }
+                ::open(path, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, modeOfNewFiles));
+            return bool(m_file);
+        });
     }
 
     SecondFile(const SecondFile&) = delete;
@@ -138,7 +146,7 @@ public:
     SecondFile& operator=(SecondFile&&) = delete;
 
     ~SecondFile() {
-        if (m_file)
+        if (m_file && !m_path.empty())
             ::unlink(m_path.c_str());
     }
 
@@ -158,6 +166,8 @@ public:
     bool flush() const { return isFlushed(m_file, Flush::beforeReturning); }
 
     bool putInPlace(const std::string& target) {
+        if (m_path.empty() && !takeName())
+            return false;
         if (::rename(m_path.c_str(), target.c_str()) != 0)
             return false;
         m_file.close();
@@ -176,7 +186,37 @@ public:
     }
 
 private:
-    std::string m_path;
+    bool openNameless(const std::string& folder) {
+        m_file = FileDescriptor(::open(folder.empty() ? "." : folder.c_str(),
+                                       O_WRONLY | O_TMPFILE | O_CLOEXEC, modeOfNewFiles));
+        if (m_file && ::access(pathOf(m_file).c_str(), F_OK) != 0)
+            m_file.close(); // it would never get a name
+        return bool(m_file);
+    }
+
+    bool takeName() {
+        return takeFreeName([&](const char* path) {
+            return ::linkat(AT_FDCWD, pathOf(m_file).c_str(), AT_FDCWD, path, AT_SYMLINK_FOLLOW) ==
+                   0;
+        });
+    }
+
+    /// Names are taken only by leftovers of an earlier process of the same number.
+    template <typename Make>
+    bool takeFreeName(Make make) {
+        for (int number = 0; number < 100; ++number) {
+            m_path = m_begin + std::to_string(number);
+            if (make(m_path.c_str()))
+                return true;
+            if (errno != EEXIST)
+                break;
+        }
+        m_path.clear();
+        return false;
+    }
+
+    std::string m_begin; ///< of its name, with the folder
+    std::string m_path;  ///< empty while it has no name
     FileDescriptor m_file;
     off_t m_size = 0;
 };
@@ -201,7 +241,7 @@ void flushFolder(const std::string& folder) {
 Outcome replaceFile(const std::string& target, const std::optional<struct stat>& old,
                     std::string_view bytes, Flush flush) {
     const SplitPath path = split(target);
-    SecondFile second(path);
+    SecondFile second(path, Naming::atOnce);
     if (!second)
         return forbidsSecondFile(errno) ? Outcome::noSecondFile : Outcome::failed;
     if (!second.fill(bytes, old, flush))
@@ -303,7 +343,7 @@ bool saveFile(const std::string& path, std::string_view bytes, Flush flush) {
 struct FileReplacement::State {
     explicit State(Target replaced)
         : target(std::move(replaced))
-        , second(split(target.path)) {}
+        , second(split(target.path), Naming::atTheEnd) {}
 
     Target target;
     SecondFile second;

@@ -36,7 +36,9 @@ bool saveFile(const std::string& path, std::string_view bytes,
 
 /// The same for content that comes piece by piece: the second file grows with it, and takes the
 /// file's place at the end. Whoever reads the old content meanwhile reads it to its end. Nothing is
-/// ever written directly: where no second file can be made, there is no replacement.
+/// ever written directly: where no second file can be made, there is no replacement. Where the file
+/// system knows files without a name, the second one has none until the end, so that a process that
+/// is interrupted leaves nothing.
 class FileReplacement {
 public:
     /// Makes the second file; `error` says whether that could be done.

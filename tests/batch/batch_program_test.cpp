@@ -213,6 +213,20 @@ TEST(BatchFile, StaysAsItWasAfterAFailure) {
     EXPECT_TRUE(isKept()) << "a full disk";
 }
 
+TEST(BatchFile, LeavesNothingWhereTheRunIsInterrupted) {
+    const TemporaryFolder folder;
+    const std::string old = folder.make("old", "old");
+    const std::string slow = folder.path("slow");
+    ASSERT_EQ(::mkfifo(slow.c_str(), 0666), 0);
+    const std::string slowly = "{ echo JO20 FN42; exec sleep 20; } >" + slow + " 2>&1 & ";
+    for (const std::string signal : {"INT", "TERM", "HUP"}) {
+        const std::string interrupted = "timeout --foreground -s " + signal + " 0.3 " + program;
+        EXPECT_NE(shell(slowly + interrupted + " distance -o " + old + " " + slow).status, 0);
+        EXPECT_EQ(folder.content("old"), "old") << signal;
+        EXPECT_EQ(folder.names(), (std::set<std::string>{"old", "slow"})) << signal;
+    }
+}
+
 TEST(BatchFile, ThatCannotBePutInPlaceIsSaid) {
     const TemporaryFolder folder;
     const std::string path = folder.make("file", "old");

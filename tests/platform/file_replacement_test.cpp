@@ -120,6 +120,34 @@ TEST(FileReplacement, AFullDiskKeepsTheOldContent) {
     }
 }
 
+TEST(FileReplacement, AnInterruptedProcessLeavesNothing) {
+    const TemporaryFolder folder;
+    folder.make("file", oldContent);
+    const int nameless = ::open(folder.path("").c_str(), O_WRONLY | O_TMPFILE | O_CLOEXEC, 0600);
+    if (nameless < 0)
+        GTEST_SKIP() << "SKIPPED: this file system knows no files without a name";
+    ::close(nameless);
+    EXPECT_EQ(inChild([&]() -> int {
+                  FileReplacement file(folder.path("file"));
+                  ::_exit(file.write(piece) ? 0 : 1); // as a signal ends it
+              }),
+              0);
+    EXPECT_EQ(folder.content("file"), oldContent);
+    EXPECT_EQ(folder.names(), std::set<std::string>{"file"});
+}
+
+TEST(FileReplacement, OneUnderTheNextNameIsNoObstacle) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(inChild([&] {
+                  const std::string name = ".file.saving-" + std::to_string(::getpid()) + "-0";
+                  folder.make(name, "at work");
+                  const bool isReplaced = replaceByThree(folder.path("file"));
+                  return isReplaced && folder.content(name) == "at work" ? 0 : 1;
+              }),
+              0);
+    EXPECT_EQ(folder.content("file"), newContent);
+}
+
 TEST(FileReplacement, KilledAtEachSystemCallLeavesOldOrNew) {
     const TemporaryFolder folder;
     std::set<std::string> seen;
