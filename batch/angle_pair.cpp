@@ -16,17 +16,15 @@ struct Part {
     enum class Kind { number, degreeMark, minuteMark, secondMark, letter, sign, separator };
 
     Kind kind = Kind::number;
-    char16_t character = 0; ///< of a letter in capitals, of a sign
-    double value = 0;
+    char16_t character{}; ///< of a letter in capitals, of a sign
+    double value{};
     bool isWhole = false; ///< a number without decimals
 };
 
 using Kind = Part::Kind;
 using Parts = std::span<const Part>;
 
-bool isDigit(char16_t character) {
-    return character >= u'0' && character <= u'9';
-}
+constexpr TextView digits = u"0123456789";
 
 bool isBlank(char16_t character) {
     return character == u' ' || character == u'\t' || character == 0xA0;
@@ -51,16 +49,18 @@ public:
     }
 
 private:
-    /// A comma is a point between two digits of one number and nowhere else.
+    /// `at` is within the text or its end. A comma is a point between two digits of one number and
+    /// nowhere else.
     bool isPoint(std::size_t at) const {
-        if (at >= m_text.size() || m_text[at] == u'.')
-            return at < m_text.size();
-        return m_comma == Comma::point && m_text[at] == u',' && at > m_at &&
-               at + 1 < m_text.size() && isDigit(m_text[at + 1]);
+        const TextView rest = m_text.substr(at);
+        if (rest.starts_with(u'.'))
+            return true;
+        return m_comma == Comma::point && rest.starts_with(u',') && at > m_at &&
+               rest.find_first_of(digits, 1) == 1;
     }
 
     std::size_t behindDigits(std::size_t at) const {
-        return std::min(m_text.size(), m_text.find_first_not_of(u"0123456789", at));
+        return std::min(m_text.size(), m_text.find_first_not_of(digits, at));
     }
 
     bool takeNumber() {
@@ -69,13 +69,13 @@ private:
         const auto number = strictNumber(replaced(m_text.substr(m_at, end - m_at), {u',', u'.'}));
         if (end == m_at || !number)
             return false;
-        m_parts.push_back({Kind::number, 0, *number, end == whole});
+        m_parts.push_back({Kind::number, {}, *number, end == whole});
         m_at = end;
         return true;
     }
 
-    void add(Kind kind, char16_t character = 0) {
-        m_parts.push_back({kind, character, 0, false});
+    void add(Kind kind, char16_t character = {}) {
+        m_parts.push_back({kind, character, {}, false});
         ++m_at;
     }
 

@@ -70,7 +70,8 @@ public:
         if (!m_run.flush())
             return std::nullopt;
         const auto count = m_source.read(room);
-        m_run.m_done.bytes += count.value_or(0);
+        if (count)
+            m_run.m_done.bytes += *count;
         return count;
     }
 
@@ -263,7 +264,6 @@ void BatchRun::sayNow() {
 }
 
 void BatchRun::loseOutput(int error) {
-    m_isOutputLost = true;
     if (error == EPIPE)
         std::ignore = stop(Status::brokenPipe);
     else
@@ -271,7 +271,7 @@ void BatchRun::loseOutput(int error) {
 }
 
 Status BatchRun::finish() {
-    if (m_isOutputLost || !flush() || m_isStopped)
+    if (!flush() || m_isStopped)
         return end();
     const auto ending = m_task.ending();
     if (!ending) {

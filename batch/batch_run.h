@@ -90,7 +90,6 @@ private:
     std::string_view m_unit = "line";
     Status m_status = Status::allPassed;
     bool m_isStopped = false;
-    bool m_isOutputLost = false;
 };
 
 } // namespace orbisgrid

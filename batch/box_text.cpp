@@ -2,7 +2,7 @@
 
 #include "geodesy/locator_check.h"
 
-#include <algorithm>
+#include <cstdint>
 
 namespace orbisgrid {
 
@@ -17,10 +17,10 @@ std::string_view inItsBox(std::string_view locator) {
 }
 
 Text widened(std::string_view bytes) {
-    Text text(bytes.size(), u' ');
-    std::transform(bytes.begin(), bytes.end(), text.begin(), [](char byte) {
-        return byte >= 0 ? static_cast<char16_t>(byte) : char16_t{0xFFFD};
-    });
+    Text text;
+    text.reserve(bytes.size());
+    for (const char byte : bytes)
+        text += static_cast<std::uint8_t>(byte);
     return text;
 }
 

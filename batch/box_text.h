@@ -10,8 +10,8 @@ namespace orbisgrid {
 /// blanks (code 32) around them away, and no tabs.
 [[nodiscard]] std::string_view inItsBox(std::string_view locator);
 
-/// Bytes of a list as a text. One that is none of ASCII becomes U+FFFD: it is no locator character,
-/// whatever letter it is part of.
+/// Bytes of a list as a text of as many characters. One that is none of ASCII becomes a letter
+/// beyond it, which is no locator character, whatever letter it was part of.
 [[nodiscard]] Text widened(std::string_view bytes);
 
 /// Whether a text is a locator that can be Home: what counts of it passes the check of Calculate.

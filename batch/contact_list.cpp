@@ -28,44 +28,45 @@ std::string nameOr(const std::string& option, const char* usual) {
 ContactList::ContactList(RecordWindow& window, Task& task, const ListOptions& options)
     : List(task, options)
     , m_reader(window)
-    , m_names{nameOr(options.homeColumn, "MY_GRIDSQUARE"),
-              nameOr(options.targetColumn, "GRIDSQUARE"),
-              "GRIDSQUARE_EXT",
-              "LAT",
-              "LON",
-              "ANT_PATH"} {
-    for (const std::string& name : m_names)
-        m_lengths |= lengthBit(name);
+    , m_asked{{{nameOr(options.homeColumn, "MY_GRIDSQUARE"), {}},
+               {nameOr(options.targetColumn, "GRIDSQUARE"), {}},
+               {"GRIDSQUARE_EXT", {}},
+               {"LAT", {}},
+               {"LON", {}},
+               {"ANT_PATH", {}}}} {
+    for (const AskedField& asked : m_asked)
+        m_lengths |= lengthBit(asked.name);
 }
 
 /// One pass for all of them: most of a contact's fields are others, which their lengths tell.
 void ContactList::findFields() {
-    m_found.fill({});
+    for (AskedField& asked : m_asked)
+        asked.value = {};
     for (const Field& field : record().fields) {
         if ((m_lengths & lengthBit(field.name)) == 0)
             continue;
-        for (std::size_t i = 0; i < m_names.size(); ++i) {
+        for (AskedField& asked : m_asked) {
             // Without white space, which a length that is too large has in it.
-            if (m_found[i].empty() && isNamed(field, m_names[i]))
-                m_found[i] = withoutWhiteSpace(field.value);
+            if (asked.value.empty() && isNamed(field, asked.name))
+                asked.value = withoutWhiteSpace(field.value);
         }
     }
 }
 
 Question ContactList::question() {
     findFields();
-    const auto& [home, target, extension, latitude, longitude, path] = m_found;
+    const auto& [home, target, extension, latitude, longitude, path] = m_asked;
     Question question;
-    question.home = home;
-    question.target = target;
-    question.isLongWay = path == "L" || path == "l";
+    question.home = home.value;
+    question.target = target.value;
+    question.isLongWay = path.value == "L" || path.value == "l";
     if (question.target.empty()) {
-        question.place = placeOf(latitude, longitude);
-        if (!question.place && !(latitude.empty() && longitude.empty()))
+        question.place = placeOf(latitude.value, longitude.value);
+        if (!question.place && !(latitude.value.empty() && longitude.value.empty()))
             question.refusal = "LAT and LON name no place!";
-        question.target = latitude;
+        question.target = latitude.value;
     } else if (question.target.size() == extended) {
-        (m_target = question.target) += extension.substr(0, longest - extended);
+        (m_target = question.target) += extension.value.substr(0, longest - extended);
         question.target = m_target;
     }
     return question;

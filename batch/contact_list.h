@@ -25,13 +25,18 @@ protected:
     Reading read(Record& record) override { return m_reader.next(record); }
 
 private:
+    /// A field that questions are made of.
+    struct AskedField {
+        std::string name;       ///< in capitals
+        std::string_view value; ///< empty where the contact has none
+    };
+
     void findFields();
 
     AdifReader m_reader;
-    std::array<std::string, 6> m_names;      ///< of the fields that are asked for, in capitals
-    std::uint32_t m_lengths = 0;             ///< of these names: a bit for each
-    std::array<std::string_view, 6> m_found; ///< their values
-    std::string m_target;                    ///< of two of them
+    std::array<AskedField, 6> m_asked;
+    std::uint32_t m_lengths{}; ///< of their names: a bit for each
+    std::string m_target;      ///< of two of them
     ContactFields m_fields;
 };
 

@@ -9,6 +9,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <memory>
 #include <utility>
 
 namespace orbisgrid {
@@ -43,8 +44,9 @@ void setCoordinate(std::string& value, double coordinate) {
 
 /// What the text of a number is worth.
 double numberIn(const std::string& text) {
-    double number = 0;
-    std::from_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);
+    double number{};
+    std::from_chars(std::to_address(text.begin()), std::to_address(text.end()), number,
+                    std::chars_format::fixed);
     return number;
 }
 

@@ -53,7 +53,7 @@ private:
 
     DistanceOptions m_options;
     std::vector<Column> m_columns;
-    std::size_t m_ellipsoidColumn = 0;
+    std::size_t m_ellipsoidColumn{};
     Home m_home;
 };
 

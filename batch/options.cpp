@@ -92,7 +92,7 @@ std::vector<option> longOptions(Command command) {
                                row.argument.empty() ? no_argument : required_argument, nullptr,
                                firstRow + static_cast<int>(i)});
     }
-    options.push_back({nullptr, 0, nullptr, 0});
+    options.emplace_back(); // where they end
     return options;
 }
 
@@ -107,7 +107,7 @@ const OptionRow* rowOf(int found) {
 /// The option that getopt has not understood. A letter may be one of several in a word, which is
 /// then not behind it yet.
 std::string wordAbout(const std::vector<char*>& words) {
-    if (optopt > 0 && optopt < firstRow)
+    if (optopt != 0 && optopt < firstRow)
         return std::string("-") + static_cast<char>(optopt);
     return words[static_cast<std::size_t>(optind - 1)];
 }
@@ -164,9 +164,10 @@ void InvocationReader::take(const OptionRow& option, const std::string& value) {
         m_call.convert.characters = value == "6" ? 6 : value == "8" ? 8 : 10;
     } else if (name == "radius") {
         const auto radius = strictNumber(fromUtf8(value));
-        if (!radius || *radius < smallestRadius || *radius > std::ceil(halfCircumference))
+        if (radius && *radius >= smallestRadius && *radius <= std::ceil(halfCircumference))
+            m_call.map.radiusKilometres = std::min(*radius, halfCircumference);
+        else
             refuse("a radius is 100 to 20003 km and not " + value);
-        m_call.map.radiusKilometres = std::min(radius.value_or(0), halfCircumference);
     } else if (name == "at") {
         m_call.map.moment = parsedMoment(value);
         if (!m_call.map.moment)

@@ -19,7 +19,7 @@ enum class Command { none, distance, convert, map };
 /// against it.
 struct OptionRow {
     std::string_view name;     ///< behind "--"; empty where it has a letter alone
-    char letter = 0;           ///< behind "-"; 0: none
+    char letter{};             ///< behind "-"; 0: none
     std::string_view argument; ///< what it takes, for people; empty: nothing
     std::string_view commands; ///< the first letters of those that know it
     std::string_view meaning;

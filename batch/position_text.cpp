@@ -29,8 +29,8 @@ bool hasShape(TextView text, TextView shape) {
     if (text.size() > shape.size())
         return false;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool isRange = shape[i] == u'9' || shape[i] == u'R' || shape[i] == u'X';
-        const char16_t first = shape[i] == u'9' ? u'0' : isRange ? u'A' : shape[i];
+        const bool isLetter = shape[i] == u'R' || shape[i] == u'X';
+        const char16_t first = shape[i] == u'9' ? u'0' : isLetter ? u'A' : shape[i];
         if (text[i] < first || text[i] > shape[i])
             return false;
     }

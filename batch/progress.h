@@ -13,8 +13,8 @@ namespace orbisgrid {
 
 /// How far the work is.
 struct WorkDone {
-    std::uint64_t bytes = 0;
-    std::uint64_t lines = 0;
+    std::uint64_t bytes{};
+    std::uint64_t lines{};
 };
 
 /// The line of progress on a terminal. It appears when the work has taken a second, changes five

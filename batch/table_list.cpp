@@ -25,8 +25,7 @@ std::string enumerated(const std::vector<std::string_view>& names) {
 
 TableList::TableList(RecordWindow& window, char separator, Task& task, const ListOptions& options)
     : List(task, options)
-    , m_reader(window, separator)
-    , m_columns(task.columns().size(), none) {}
+    , m_reader(window, separator) {}
 
 Reading TableList::read(Record& record) {
     const Reading reading = m_reader.next(record);
@@ -49,8 +48,12 @@ void TableList::takeHeader(const Record& record) {
         m_members.push_back(m_taken.take(name));
         m_names.push_back(std::move(name));
     }
-    for (std::size_t i = 0; i < m_columns.size(); ++i)
-        m_columns[i] = placeOf({task().columns()[i].name});
+    for (const Column& column : task().columns()) {
+        const std::size_t place = placeOf({column.name});
+        if (place == none)
+            m_added.push_back(m_columns.size());
+        m_columns.push_back(place);
+    }
 
     const std::string& home = options().homeColumn;
     const std::string& target = options().targetColumn;
@@ -122,10 +125,8 @@ void TableList::pass(std::string& bytes) const {
         return;
     }
     bytes += record().bytes.substr(0, record().room());
-    for (std::size_t i = 0; i < m_columns.size(); ++i) {
-        if (m_columns[i] == none)
-            (bytes += m_reader.separator()) += task().columns()[i].name;
-    }
+    for (const std::size_t column : m_added)
+        (bytes += m_reader.separator()) += task().columns()[column].name;
     bytes += record().bytes.substr(record().room());
 }
 
@@ -165,12 +166,10 @@ void TableList::write(std::string& bytes, const Question& /*question*/, const Va
         if (const std::string* value = replacement(i, values))
             appendValue(bytes, *value);
     }
-    for (std::size_t i = 0; i < m_columns.size(); ++i) {
-        if (m_columns[i] != none)
-            continue;
+    for (const std::size_t column : m_added) {
         bytes += m_reader.separator();
         if (values != nullptr)
-            appendValue(bytes, (*values)[i]);
+            appendValue(bytes, (*values)[column]);
     }
     copyTo(row.bytes.data() + row.bytes.size());
 }

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace orbisgrid {
@@ -28,7 +29,7 @@ protected:
     Reading read(Record& record) override;
 
 private:
-    static constexpr std::size_t none = static_cast<std::size_t>(-1);
+    static constexpr std::size_t none = std::string_view::npos;
 
     void takeHeader(const Record& record);
     std::size_t placeOf(const std::vector<std::string_view>& names) const;
@@ -42,6 +43,7 @@ private:
     std::vector<std::string> m_members; ///< the same as names of an object's members
     MemberNames m_taken{refusalMember}; ///< by them
     std::vector<std::size_t> m_columns; ///< for each result its place in the header, or none
+    std::vector<std::size_t> m_added;   ///< the results that have none
     std::size_t m_home = none;
     std::size_t m_target = none;
     bool m_isHeaderRead = false;

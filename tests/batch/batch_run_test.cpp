@@ -16,6 +16,27 @@ using test::Pieces;
 using test::Row;
 using test::runBatch;
 
+/// Takes so many writes and fails then.
+class FailingSink : public ByteSink {
+public:
+    FailingSink(int writes, int error)
+        : m_left(writes)
+        , m_error(error) {}
+
+    int write(std::string_view bytes) override {
+        written += bytes;
+        return m_left-- > 0 ? 0 : m_error;
+    }
+
+    int finish() override { return m_left > 0 ? 0 : m_error; }
+
+    std::string written;
+
+private:
+    int m_left;
+    int m_error;
+};
+
 class BatchRunTest : public testing::TestWithParam<Row> {};
 
 TEST_P(BatchRunTest, LeavesTheSameHoweverTheListComes) {
@@ -49,6 +70,26 @@ TEST(BatchRun, ShowsNoControlCharacters) {
                   .messages,
               "a:1: Invalid locator! (?\?\xC2\xA0\xC2)\n1 line, 1 refused\n")
         << "as UTF-8 has those beyond ASCII";
+}
+
+TEST(BatchRun, ShowsNoZeroBytes) {
+    EXPECT_EQ(
+        runBatch("distance --home JO20 --input lines", std::string_view("J\0\n", 3), "a").messages,
+        "a:1: Invalid locator! (J?)\n1 line, 1 refused\n");
+}
+
+TEST(BatchRun, SaysWhichShareOfTheBytesIsDone) {
+    FailingSink output(1000, 0), messages(1000, 0);
+    std::string shown;
+    std::chrono::steady_clock::time_point now;
+    Progress progress([&](const std::string& line) { shown = line; },
+                      [&] { return now += std::chrono::seconds(2); });
+    progress.setTotal(20);
+    DistanceTask task({"JO20", false, false});
+    BatchRun run({}, task, {output, messages}, progress);
+    Pieces pieces("FN42\nFN42\n", 5);
+    run.process(pieces, "list");
+    EXPECT_TRUE(shown.starts_with("\r\x1b[K50 %, 2 lines, ")) << shown;
 }
 
 TEST(BatchRun, AMarkAtTheBeginningIsNoPartOfTheFirstName) {
@@ -92,27 +133,6 @@ TEST(BatchRun, AFailureWhileReadingEndsItWithTheReason) {
 }
 
 // The sinks --------------------------------------------------------------------------------------
-
-/// Takes so many writes and fails then.
-class FailingSink : public ByteSink {
-public:
-    FailingSink(int writes, int error)
-        : m_left(writes)
-        , m_error(error) {}
-
-    int write(std::string_view bytes) override {
-        written += bytes;
-        return m_left-- > 0 ? 0 : m_error;
-    }
-
-    int finish() override { return m_left > 0 ? 0 : m_error; }
-
-    std::string written;
-
-private:
-    int m_left;
-    int m_error;
-};
 
 /// What a run on `lines` lines says and gives where the output takes so many writes.
 std::pair<std::string, Status> runInto(FailingSink& output, int lines) {

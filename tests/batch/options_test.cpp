@@ -148,12 +148,28 @@ TEST(Help, FitsAScreen) {
     }
 }
 
+TEST(Help, SaysWhatACommandIsForAndWhatItReads) {
+    const auto says = [](Command command, const std::string& purpose, const std::string& example) {
+        const std::string text = helpText(command);
+        EXPECT_NE(text.find(" [OPTION]... [FILE]...\n" + purpose + "\n"), std::string::npos)
+            << text;
+        EXPECT_NE(text.find("\n\n" + example), std::string::npos) << text;
+    };
+    const std::string pairs = "LINE: \"JO20AW FN42AA\", or one locator and --home.\n";
+    says(Command::distance, "Distance, azimuth and both positions for each line, row or contact.",
+         pairs);
+    says(Command::convert, "One position in all notations for each line, row or contact.",
+         "LINE: JO20AW, \"50.9375 4.041667\", ");
+    says(Command::map, "A map (SVG) around Home with the Target of each line, row or contact.",
+         pairs);
+}
+
 TEST(Help, HasEachOptionOfItsCommandAndNoOther) {
     for (const Command command : {Command::distance, Command::convert, Command::map}) {
         const std::string text = helpText(command);
         for (const OptionRow& option : optionTable()) {
-            const std::string name = option.letter != 0 ? std::string("  -") + option.letter
-                                                        : "  --" + std::string(option.name);
+            const std::string name =
+                option.name.empty() ? "\n  -o" : "\n      --" + std::string(option.name);
             const bool isThere = text.find(name + " ") != std::string::npos;
             EXPECT_EQ(isThere, isOptionOf(option, command)) << name;
             EXPECT_EQ(text.find(option.meaning) != std::string::npos, isOptionOf(option, command))

@@ -82,6 +82,7 @@ TEST(NotationNamed, KnowsFive) {
     EXPECT_EQ(notationNamed("auto"), Notation::automatic);
     EXPECT_EQ(notationNamed("uiview"), Notation::uiview);
     EXPECT_EQ(notationNamed("UIVIEW"), std::nullopt);
+    EXPECT_EQ(notationNamed(""), std::nullopt);
 }
 
 class LocatorRowTest : public testing::TestWithParam<Row> {};

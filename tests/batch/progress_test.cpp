@@ -17,7 +17,7 @@ protected:
     }
 
     /// What is put on the terminal when so much has been done at that time.
-    std::string after(Progress& progress, int time, WorkDone done) {
+    std::string after(Progress& progress, std::int64_t time, WorkDone done) {
         m_shown.clear();
         m_now = milliseconds(time);
         progress.update(done);
@@ -63,6 +63,18 @@ TEST_F(ProgressTest, KnowsNoShareOfAPipe) {
     EXPECT_EQ(after(line, 4000, {0, 10}), "\r\x1b[K10 lines, 3 a second") << "nothing read yet";
 }
 
+TEST_F(ProgressTest, RoundsTheRateToTheNearest) {
+    Progress line = progress();
+    EXPECT_EQ(after(line, 2001, {1, 1}), "\r\x1b[K1 lines, 0 a second");
+    EXPECT_EQ(after(line, 4000, {1, 2}), "\r\x1b[K2 lines, 1 a second");
+}
+
+TEST_F(ProgressTest, KnowsTheShareOfASingleByte) {
+    Progress line = progress();
+    line.setTotal(1);
+    EXPECT_EQ(after(line, 2000, {1, 1}), "\r\x1b[K100 %, 1 lines, 1 a second, 0 s left");
+}
+
 TEST_F(ProgressTest, IsNeverBeyondTheEnd) {
     Progress line = progress();
     line.setTotal(100);
@@ -75,6 +87,18 @@ TEST_F(ProgressTest, CountsALongTimeInMinutes) {
     line.setTotal(100);
     EXPECT_EQ(after(line, 1000, {1, 10}), "\r\x1b[K1 %, 10 lines, 10 a second, 99 s left");
     EXPECT_EQ(after(line, 2000, {1, 10}), "\r\x1b[K1 %, 10 lines, 5 a second, 3 min left");
+    const auto timeLeft = [&](int seconds, std::uint64_t bytes) {
+        Progress another = progress();
+        another.setTotal(100);
+        const std::string shown = after(another, m_now.count() + 1000 * seconds, {bytes, 10});
+        return shown.substr(shown.rfind(", ") + 2);
+    };
+    EXPECT_EQ(timeLeft(99, 50), "99 s left");
+    EXPECT_EQ(timeLeft(100, 50), "2 min left");
+    EXPECT_EQ(timeLeft(149, 50), "2 min left");
+    EXPECT_EQ(timeLeft(150, 50), "3 min left");
+    EXPECT_EQ(timeLeft(3600, 50), "60 min left");
+    EXPECT_EQ(timeLeft(3600, 200), "0 s left") << "of a file that grows";
 }
 
 TEST_F(ProgressTest, WithoutATerminalThereIsNone) {
