@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
@@ -341,6 +342,42 @@ TEST_F(WindowDesktopTest, TheMapOfThePathOpensBesideAndCloses) {
     EXPECT_TRUE(test::waitUntil(isShown, 30));
     key("Escape");
     EXPECT_TRUE(test::waitUntil([&] { return !isShown(); }, 30));
+}
+
+/// Without a mouse: the map has the keys as soon as it is there.
+TEST_F(WindowDesktopTest, TheMapOfThePathIsUsedWithKeys) {
+    open();
+    calculate("jo20aw", "fn42aa");
+    key("F2");
+    const std::string map = waitForWindow("Path on a map");
+    ASSERT_FALSE(map.empty());
+    EXPECT_TRUE(test::waitUntil([&] { return xdotool("getactivewindow") == map; }, 30));
+    key("Up");         // the cross is on the Target
+    key("shift+Left"); // 10 degrees to the left, and farther away
+    key("shift+Up");
+    key("Return");
+    key("Menu");
+    key("Up"); // Save picture...
+    key("Up"); // Copy picture
+    key("Return");
+    const auto copied = [](const std::string& kind) {
+        return shell("timeout 20 xclip -o -selection clipboard -t " + kind + " 2>/dev/null").output;
+    };
+    EXPECT_TRUE(
+        test::waitUntil([&] { return copied("TARGETS").find("svg") != std::string::npos; }, 30));
+    EXPECT_TRUE(copied("image/png").starts_with("\x89PNG"));
+    const std::string svg = copied("image/svg+xml");
+    EXPECT_TRUE(svg.starts_with("<?xml")) << svg.substr(0, 100);
+    EXPECT_NE(svg.find("<title>Path from JO20AW to "), std::string::npos);
+    key("Escape");
+    EXPECT_TRUE(test::waitUntil([&] { return xdotool("getactivewindow") == m_window; }, 30));
+    close();
+    const std::string ini = m_program.ini();
+    const std::size_t targets = ini.find("[Target data]\r\n");
+    const std::string kept = ini.substr(targets, ini.find("[**end**]", targets) - targets);
+    EXPECT_NE(kept.find("FN42AA\r\n"), std::string::npos) << kept;
+    EXPECT_EQ(std::count(kept.begin(), kept.end(), '\n'), 3)
+        << "the cross is a Target, too: " << kept;
 }
 
 TEST_F(WindowDesktopTest, TheMapOpensItsAddress) {
