@@ -6,11 +6,11 @@
 BUILD_PACKAGES=(g++ cmake ninja-build pkgconf qt6-base-dev qt6-qpa-plugins libxcb1-dev fonts-liberation)
 
 # To test it: the libraries of the tests, a real X server with a window manager, a real Wayland
-# compositor, the other programs that tests talk to, a font for their windows, and the tools that
-# read the sources.
+# compositor, the other programs that tests talk to, the bus that screen readers listen on, a font for
+# their windows, and the tools that read the sources.
 TEST_PACKAGES=(libgtest-dev clang clang-format clang-tidy xvfb openbox xdotool xclip
   x11-utils libsm-dev sway wtype wl-clipboard qt6-wayland fonts-dejavu-core librsvg2-bin
-  libgeographiclib-dev direwolf)
+  libgeographiclib-dev direwolf dbus-daemon at-spi2-core)
 
 # To make the packages and to check them: ./test and scripts/package.sh.
 PACKING_PACKAGES=(dpkg-dev file)
@@ -37,7 +37,8 @@ declare -A KNOWN_BY=(
   [clang-tidy]=clang-tidy [xvfb]=Xvfb [openbox]=openbox [xdotool]=xdotool [xclip]=xclip
   [x11-utils]=xprop [libsm-dev]=lib:sm [sway]=sway [wtype]=wtype [wl-clipboard]=wl-copy
   [librsvg2-bin]=rsvg-convert [libgeographiclib-dev]=lib:geographiclib [direwolf]=decode_aprs
-  [dpkg-dev]=dpkg-shlibdeps [file]=file [lintian]=lintian [desktop-file-utils]=desktop-file-validate
+  [dbus-daemon]=dbus-daemon [dpkg-dev]=dpkg-shlibdeps [file]=file [lintian]=lintian
+  [desktop-file-utils]=desktop-file-validate
   [appstream]=appstreamcli [man-db]=lexgrog [shellcheck]=shellcheck [lld]=ld.lld [valgrind]=valgrind
   [gcovr]=gcovr [clang-19]=clang++-19 [llvm-19]=llvm-cov-19 [debootstrap]=debootstrap
   [libbenchmark-dev]=lib:benchmark [libxcb-damage0-dev]=lib:xcb-damage [wwl]=wwl

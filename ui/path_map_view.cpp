@@ -3,6 +3,7 @@
 #include "map/caption.h"
 #include "platform/wide_registers.h"
 #include "ui/map_colors.h"
+#include "ui/path_map_accessible.h"
 #include "ui/picture_painter.h"
 #include "ui/qt_text.h"
 
@@ -30,6 +31,7 @@ constexpr int wheelStep = 120; // eighths of a degree: a notch of a usual wheel
 PathMapView::PathMapView(std::function<Moment()> now, QWidget* parent)
     : QWidget(parent)
     , m_now(std::move(now)) {
+    makePathMapsSpeak(); // before the first of these lines asks for what speaks
     setObjectName(QStringLiteral("picPathMap"));
     setAccessibleName(QStringLiteral("Map of the path"));
     setAccessibleDescription(
@@ -196,9 +198,7 @@ void PathMapView::setCross(const std::optional<Cross>& cross) {
     m_pointerMovedLast = !cross.has_value();
     sayReadOut();
     pictureChanged();
-    // Readers of a screen speak the one or the other.
-    QAccessibleValueChangeEvent changed(this, crossReadOut());
-    QAccessible::updateAccessibility(&changed);
+    // Of a value only a number can be told, so the description has the read-out as well.
     QAccessibleEvent described(this, QAccessible::DescriptionChanged);
     QAccessible::updateAccessibility(&described);
 }

@@ -4,7 +4,6 @@
 #include "platform/byte_stream.h"
 #include "platform/safe_file.h"
 #include "ui/panel_parts.h"
-#include "ui/path_map_accessible.h"
 #include "ui/path_map_view.h"
 #include "ui/picture_file.h"
 #include "ui/qt_text.h"
@@ -54,7 +53,6 @@ PathMap::PathMap(const MapSurroundings& surroundings, QWidget* parent)
     , m_lblPath(lineBelow("lblPath"))
     , m_lblPlace(lineBelow("lblPlace"))
     , m_chkNight(new QCheckBox(QStringLiteral("Day and night"))) {
-    makePathMapsSpeak();
     setObjectName(QStringLiteral("PathMap"));
     setWindowTitle(QStringLiteral("Path on a map"));
     m_chkNight->setObjectName(QStringLiteral("chkNight"));
