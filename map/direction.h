@@ -29,6 +29,9 @@ struct Direction {
 /// The same direction with length 1; `direction` must not be zero.
 [[nodiscard]] Direction normalised(const Direction& direction);
 
+/// The angle between two directions, radians: as right next to 0 and to pi as anywhere.
+[[nodiscard]] double angleBetween(const Direction& one, const Direction& other);
+
 /// A direction at a right angle to `direction`: always the same one, of length 1.
 [[nodiscard]] Direction perpendicular(const Direction& direction);
 

@@ -40,8 +40,7 @@ public:
 
     /// Whether something of it can be within the rim.
     bool isSeen(const Outlines::Line& line) const {
-        const double up = dot(line.middle, m_frame.projection().zenith());
-        const double distance = std::acos(std::clamp(up, -1.0, 1.0));
+        const double distance = angleBetween(line.middle, m_frame.projection().zenith());
         return distance <= m_frame.kilometres() / earthRadius + line.reach;
     }
 

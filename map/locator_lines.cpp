@@ -97,8 +97,7 @@ private:
         const Direction middle = directionOf({m_latitude, (from + to) / 2});
         const double turn = (to - from) * radian;
         const double halfLength = turn / 2 * std::cos(m_latitude * radian);
-        const double distance =
-            std::min(pi, std::acos(std::clamp(dot(middle, m_zenith), -1.0, 1.0)) + halfLength);
+        const double distance = std::min(pi, angleBetween(middle, m_zenith) + halfLength);
         const double height = m_bulge * turn * turn * m_unitsPerRadian;
         // distance / sine is the stretch
         if (halvings == 0 || height * distance <= RimClip::tolerance * std::sin(distance)) {

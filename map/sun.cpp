@@ -5,6 +5,7 @@
 #include <charconv>
 #include <chrono>
 #include <cmath>
+#include <memory>
 #include <numbers>
 
 namespace orbisgrid {
@@ -18,14 +19,11 @@ constexpr std::int64_t latest = 253402300799;   ///< 9999-12-31T23:59:59Z
 constexpr std::string_view pattern = "0000-00-00T00:00:00Z";
 
 bool hasPattern(std::string_view text) {
-    if (text.size() != pattern.size())
-        return false;
-    for (std::size_t i = 0; i < pattern.size(); ++i) {
-        const bool isDigit = text[i] >= '0' && text[i] <= '9';
-        if (pattern[i] == '0' ? !isDigit : text[i] != pattern[i])
-            return false;
-    }
-    return true;
+    return std::equal(text.begin(), text.end(), pattern.begin(), pattern.end(),
+                      [](char given, char wanted) {
+                          const bool isDigit = given >= '0' && given <= '9';
+                          return wanted == '0' ? isDigit : given == wanted;
+                      });
 }
 
 /// A field of digits: where it begins, and its length.
@@ -34,8 +32,9 @@ struct Field {
 };
 
 int numberAt(std::string_view text, Field field) {
-    int number = 0;
-    std::from_chars(text.data() + field.start, text.data() + field.start + field.length, number);
+    const std::string_view digits = text.substr(field.start, field.length);
+    int number{};
+    std::from_chars(std::to_address(digits.begin()), std::to_address(digits.end()), number);
     return number;
 }
 

@@ -217,6 +217,29 @@ def subsolar(row):
             "longitude": round((right_ascension - sidereal + 180) % 360 - 180, 3)}
 
 
+def subsolar_formula(row):
+    """The low-precision formula alone, as Meeus (Astronomical Algorithms, chapters 12 and 25) gives
+    it: right to some thousandths of a degree, and the same to its last digits however it is written."""
+    date, time = row["moment"].rstrip("Z").split("T")
+    hours, minutes, seconds = map(int, time.split(":"))
+    day = datetime.date.fromisoformat(date).toordinal() - datetime.date(2000, 1, 1).toordinal()
+    seconds_since_noon = day * 86400 + hours * 3600 + minutes * 60 + seconds - 43200
+    days = seconds_since_noon / 86400
+    t = days / 36525
+    mean = math.radians(math.fmod(357.52911 + 35999.05029 * t - 0.0001537 * t**2, 360))
+    omega = math.radians(math.fmod(125.04 - 1934.136 * t, 360))
+    true = (280.46646 + 36000.76983 * t + 0.0003032 * t**2
+            + (1.914602 - 0.004817 * t - 0.000014 * t**2) * math.sin(mean)
+            + (0.019993 - 0.000101 * t) * math.sin(2 * mean) + 0.000289 * math.sin(3 * mean))
+    apparent = math.radians(math.fmod(true - 0.00569 - 0.00478 * math.sin(omega), 360))
+    tilt = math.radians(23.4392911 - 0.0130042 * t + 0.00256 * math.cos(omega))
+    ascension = math.degrees(math.atan2(math.cos(tilt) * math.sin(apparent), math.cos(apparent)))
+    greenwich = (280.46061837 + 360 * math.fmod(days, 1) + 0.98564736629 * days
+                 + 0.000387933 * t**2 - 0.00478 * math.sin(omega) * math.cos(tilt))
+    return {"latitude": round(math.degrees(math.asin(math.sin(tilt) * math.sin(apparent))), 8),
+            "longitude": round((ascension - greenwich + 180) % 360 - 180, 8)}
+
+
 # Tables: of a row, what its columns are to hold --------------------------------------------------
 
 def distances(row):
@@ -348,6 +371,7 @@ TABLES = {
     "maidenhead_grid": grid,
     "map_caption": caption,
     "map_sun": subsolar,
+    "map_sun_formula": subsolar_formula,
     "number_five_decimals": lambda row: {"text": five_decimals(float(row["magnitude"]))},
     "number_leading": lambda row: {"leading": leading(row["text"])},
     "number_mask": lambda row: {width: mask(float(row["value"]), len(width))

@@ -123,6 +123,19 @@ TEST(Azimuthal, BeyondTheAntipodeIsNothing) {
     EXPECT_FALSE(projection.placeAt({std::numeric_limits<double>::infinity(), 0}));
 }
 
+TEST(Azimuthal, TheOriginIsAPlaceOfTheWorldWhateverTheCentreIs) {
+    const std::pair<Position, Position> centres[] = {{{90.5, 10}, {89.5, -170}},
+                                                     {{-90.5, 10}, {-89.5, -170}},
+                                                     {{10, 180.5}, {10, -179.5}},
+                                                     {{10, -180.5}, {10, 179.5}}};
+    for (const auto& [centre, same] : centres) {
+        const auto place = Azimuthal(centre).placeAt({0, 0});
+        ASSERT_TRUE(place);
+        EXPECT_NEAR(place->latitude, same.latitude, 1e-9);
+        EXPECT_NEAR(place->longitude, same.longitude, 1e-9);
+    }
+}
+
 TEST(Azimuthal, TheOriginIsTheCentre) {
     const auto place = Azimuthal({50, 4}).placeAt({0, 0});
     ASSERT_TRUE(place);

@@ -46,6 +46,18 @@ TEST(Direction, APerpendicularOneIsOfLengthOne) {
     }
 }
 
+TEST(Direction, AnglesAreRightBetweenNeighboursAndOpposites) {
+    const Direction place = directionOf({12, 34});
+    EXPECT_EQ(angleBetween(place, place), 0);
+    EXPECT_NEAR(angleBetween(place, directionOf({12 + 1e-9, 34})), 1e-9 * std::numbers::pi / 180,
+                1e-16);
+    EXPECT_NEAR(angleBetween(place, directionOf({-12, -146})), std::numbers::pi, 1e-15);
+    EXPECT_NEAR(angleBetween(directionOf({0, 0}), directionOf({0, 90})), std::numbers::pi / 2,
+                1e-15);
+    EXPECT_NEAR(angleBetween(directionOf({90, 0}), directionOf({-30, 7})), std::numbers::pi * 2 / 3,
+                1e-15);
+}
+
 TEST(Direction, ThePolesHaveAPerpendicularOne) {
     EXPECT_EQ(dot(perpendicular({0, 0, 1}), perpendicular({0, 0, 1})), 1);
     EXPECT_EQ(dot(perpendicular({0, 0, -1}), perpendicular({0, 0, -1})), 1);

@@ -42,6 +42,16 @@ TEST(LabelBox, IsNotNarrowerThanAWideFont) {
     }
 }
 
+TEST(LabelBox, HasFiveWidths) {
+    const std::pair<double, Text> widths[] = {
+        {4, u" .,:"}, {7.2, u"az09-°"}, {8.6, u"AZBLVXY"}, {11.1, u"mwMW"}, {10.5, u"@[`{/;…"}};
+    for (const auto& [width, characters] : widths) {
+        for (const char16_t character : characters)
+            EXPECT_DOUBLE_EQ(boxOf(labelAt({0, 0}, Text(1, character))).right, width)
+                << static_cast<int>(character);
+    }
+}
+
 TEST(LabelPlacer, TakesTheFirstThatHasRoom) {
     LabelPlacer placer;
     const auto first = placer.place({labelAt({100, 100}, u"one")});
@@ -108,6 +118,22 @@ TEST(LabelsBeside, LeaveTheDotFree) {
     }
     EXPECT_EQ(labels[0].anchor, Anchor::start) << "to the right of it";
     EXPECT_EQ(labels[0].role, Role::targetLabel);
+}
+
+TEST(LabelsBeside, StandAroundTheDot) {
+    const auto labels = labelsBeside({Role::target, {500, 500}, 4}, Role::targetLabel, 10, u"x");
+    // Three tenths of an em away from the dot; the slanting ones seven tenths of that to each side.
+    const std::pair<Picture::Point, Anchor> places[] = {
+        {{507, 503.5}, Anchor::start},   {{493, 503.5}, Anchor::end},
+        {{500, 490.5}, Anchor::middle},  {{500, 516.5}, Anchor::middle},
+        {{504.9, 492.6}, Anchor::start}, {{495.1, 492.6}, Anchor::end},
+        {{504.9, 514.4}, Anchor::start}, {{495.1, 514.4}, Anchor::end}};
+    ASSERT_EQ(labels.size(), std::size(places));
+    for (std::size_t i = 0; i < labels.size(); ++i) {
+        EXPECT_NEAR(labels[i].place.x, places[i].first.x, 1e-9) << i;
+        EXPECT_NEAR(labels[i].place.y, places[i].first.y, 1e-9) << i;
+        EXPECT_EQ(labels[i].anchor, places[i].second) << i;
+    }
 }
 
 TEST(CentredLabel, HasItsBoxAroundTheMiddle) {

@@ -27,6 +27,22 @@ TEST_P(SubsolarTest, IsWithinATwentiethOfADegree) {
 INSTANTIATE_TEST_SUITE_P(Rows, SubsolarTest, testing::ValuesIn(test::readTable("map_sun.tsv")),
                          test::testName);
 
+class SunFormulaTest : public testing::TestWithParam<Row> {};
+
+TEST_P(SunFormulaTest, HasEachOfItsTerms) {
+    const Row& row = GetParam();
+    const Moment moment = parsedMoment(row["moment"]).value();
+    // A million turns of the earth leave fewer digits for the last one.
+    const bool isNear = moment.seconds > 0 && moment.seconds < 5'000'000'000;
+    const double tolerance = isNear ? 2e-8 : 2e-6;
+    const Position place = subsolarPoint(moment);
+    EXPECT_NEAR(place.latitude, row.number("latitude"), tolerance);
+    EXPECT_NEAR(std::remainder(place.longitude - row.number("longitude"), 360), 0, tolerance);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, SunFormulaTest,
+                         testing::ValuesIn(test::readTable("map_sun_formula.tsv")), test::testName);
+
 class MomentTest : public testing::TestWithParam<Row> {};
 
 TEST_P(MomentTest, IsReadStrictly) {

@@ -112,6 +112,33 @@ TEST(Svg, WhatXmlCannotHoldIsReplaced) {
     EXPECT_EQ(titleOf(Text{0xD83D, 0xDE00}), "\xF0\x9F\x98\x80");
 }
 
+/// Whoever changes a colour looks at pictures: on paper, and light and dark on a screen.
+TEST(Svg, HasTheLookOfPaper) {
+    const std::string look =
+        ".sea{fill:#ffffff;stroke:none}\n"
+        ".land{fill:#d9d4c5;stroke:#77705c;stroke-width:0.6}\n"
+        ".border{fill:none;stroke:#a39c88;stroke-width:0.6}\n"
+        ".night{fill:#222233;fill-opacity:0.16;stroke:none}\n"
+        ".grid{fill:none;stroke:#8fa3b8;stroke-width:0.4}\n"
+        ".grid-label{fill:#4c647c;stroke:#ffffff;stroke-width:0.15em}\n"
+        ".ring{fill:none;stroke:#444466;stroke-width:0.7;stroke-dasharray:1 3}\n"
+        ".ring-label{fill:#444466;stroke:#ffffff;stroke-width:0.15em}\n"
+        ".tick{fill:none;stroke:#222222;stroke-width:1.2}\n"
+        ".bearing-label{fill:#222222;stroke:#ffffff;stroke-width:0.15em}\n"
+        ".cardinal{fill:#222222;stroke:#ffffff;stroke-width:0.15em;font-weight:bold}\n"
+        ".rim{fill:none;stroke:#222222;stroke-width:1.2}\n"
+        ".short-path{fill:none;stroke:#b00020;stroke-width:2.4}\n"
+        ".long-path{fill:none;stroke:#b00020;stroke-width:1.6;stroke-dasharray:9 6}\n"
+        ".cross{fill:none;stroke:#000000;stroke-width:1.6}\n"
+        ".target{fill:#b00020;stroke:none}\n"
+        ".home{fill:#000000;stroke:none}\n"
+        ".target-label{fill:#222222;stroke:#ffffff;stroke-width:0.15em;font-weight:bold}\n"
+        ".home-label{fill:#222222;stroke:#ffffff;stroke-width:0.15em;font-weight:bold}\n"
+        ".note{fill:#222222;stroke:#ffffff;stroke-width:0.15em}\n";
+    const std::string file = svgText({}, {});
+    EXPECT_NE(file.find(look + "</style>"), std::string::npos) << file;
+}
+
 TEST(Svg, EachRoleIsDrawnByTheStyleSheet) {
     const std::string file = svgText({}, {});
     for (const Role role :
