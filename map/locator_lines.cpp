@@ -54,7 +54,7 @@ Cells Cells::of(const MapFrame& frame) {
 int lastLatitude(const MapFrame& frame, const Cells& cells) {
     constexpr double leastApart = 4; ///< picture units
     const double degrees = leastApart * frame.kilometresPerUnit() / earthRadius / radian;
-    return downTo(std::acos(std::min(1.0, degrees / cells.width)) / radian, 1);
+    return downTo(std::acos(degrees / cells.width) / radian, 1);
 }
 
 struct Latitudes {
@@ -119,10 +119,6 @@ Text cellName(GridLevel level, Position middle) {
     return locatorOf(middle).substr(0, level == GridLevel::fields ? 2 : 4);
 }
 
-double turned(double longitude) {
-    return longitude - 360 * std::floor((longitude + 180) / 360);
-}
-
 /// A cell by its middle.
 struct Cell {
     Position middle;
@@ -133,7 +129,8 @@ std::vector<Cell> seenCells(const MapFrame& frame, const Cells& cells) {
     std::vector<Cell> seen;
     for (int south = cells.south; south < cells.north; south += cells.height) {
         for (int west = cells.west; west < cells.east; west += cells.width) {
-            const Position middle{south + cells.height / 2.0, turned(west + cells.width / 2.0)};
+            const Position middle{south + cells.height / 2.0,
+                                  std::remainder(west + cells.width / 2.0, 360)};
             const Picture::Point point = frame.pointOf(middle);
             const double distance =
                 std::hypot(point.x - MapFrame::middle.x, point.y - MapFrame::middle.y);
@@ -158,17 +155,17 @@ Picture::Lines gridOf(const MapFrame& frame) {
     RimClip clip(frame);
     const Cells cells = Cells::of(frame);
     const int last = lastLatitude(frame, cells);
-    const bool isWholeTurn = cells.east == cells.west + 360; // its last meridian is its first
-    for (int longitude = cells.west; longitude + (isWholeTurn ? 1 : 0) <= cells.east;
-         longitude += cells.width) {
+    // Without the last of both: of a whole turn it is the first one again, and a pole has no
+    // parallel; otherwise it lies beyond the rim.
+    for (int longitude = cells.west; longitude < cells.east; longitude += cells.width) {
         const bool isOfField = longitude % static_cast<int>(fieldLongitude) == 0;
         const int south = isOfField ? cells.south : std::max(cells.south, -last);
         const int north = isOfField ? cells.north : std::min(cells.north, last);
         if (south < north)
             addMeridian(clip, longitude, {south, north});
     }
-    for (int latitude = cells.south; latitude <= cells.north; latitude += cells.height) {
-        if (std::abs(latitude) < 90)
+    for (int latitude = cells.south; latitude < cells.north; latitude += cells.height) {
+        if (latitude > -90)
             clip.addLine(Parallel(frame, latitude).places(cells));
     }
     return {Role::grid, std::move(clip).lines()};
