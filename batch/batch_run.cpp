@@ -99,8 +99,7 @@ bool BatchRun::process(ByteSource& source, const std::string& name) {
                        " can be written as it is, or as json");
         return false;
     }
-    if (*format == Format::lines &&
-        !(m_options.list.homeColumn.empty() && m_options.list.targetColumn.empty())) {
+    if (*format == Format::lines && m_options.list.namesColumns()) {
         fail(name, "lines have no columns that could be named");
         return false;
     }

@@ -62,7 +62,8 @@ Question ContactList::question() {
     question.isLongWay = path.value == "L" || path.value == "l";
     if (question.target.empty()) {
         question.place = placeOf(latitude.value, longitude.value);
-        if (!question.place && !(latitude.value.empty() && longitude.value.empty()))
+        const bool isThere = !latitude.value.empty() || !longitude.value.empty();
+        if (isThere && !question.place)
             question.refusal = "LAT and LON name no place!";
         question.target = latitude.value;
     } else if (question.target.size() == extended) {

@@ -18,6 +18,8 @@ struct ListOptions {
     std::string targetColumn; ///< likewise
     bool hasHeader = false;   ///< the first line of `lines` is one
     bool isReplacing = false; ///< results that are there already are written anew
+
+    bool namesColumns() const { return !homeColumn.empty() || !targetColumn.empty(); }
 };
 
 /// The member of an object that says why there are no results.

@@ -57,7 +57,7 @@ PositionReading readLocator(TextView text) {
 /// A text with a sign in front; the reader takes one that begins with 1 to 9 without.
 bool isUIView(TextView text) {
     constexpr TextView shape = u"9999.99N/99999.99E";
-    if (text.size() == shape.size() + 1 && !(text[0] >= u'0' && text[0] <= u'9'))
+    if (text.size() == shape.size() + 1 && text.find_first_of(u"0123456789") != 0)
         text.remove_prefix(1);
     else if (text.starts_with(u'0'))
         return false;

@@ -269,8 +269,9 @@ std::optional<double> plainNumber(std::string_view text) {
     const auto [end, error] =
         std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
     const bool isAll = error == std::errc() && end == text.data() + text.size();
-    const bool isPlain = text.find_first_not_of("0123456789.") == none;
-    return isAll && isPlain ? std::optional(value) : std::nullopt;
+    if (!isAll || text.find_first_not_of("0123456789.") != none)
+        return std::nullopt;
+    return value;
 }
 
 /// One of the two: its letters are `positive` and `negative`, its magnitude at most `most`.

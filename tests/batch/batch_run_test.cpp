@@ -72,6 +72,12 @@ TEST(BatchRun, ShowsNoControlCharacters) {
         << "as UTF-8 has those beyond ASCII";
 }
 
+TEST(BatchRun, CutsWhatIsNoUtf8AnywhereClose) {
+    const std::string line(70, '\x80');
+    EXPECT_EQ(runBatch("distance --home JO20 --input lines", line, "a").messages,
+              "a:1: Invalid locator! (" + line.substr(0, 57) + "...)\n1 line, 1 refused\n");
+}
+
 TEST(BatchRun, ShowsNoZeroBytes) {
     EXPECT_EQ(
         runBatch("distance --home JO20 --input lines", std::string_view("J\0\n", 3), "a").messages,
@@ -173,6 +179,43 @@ TEST(BatchRun, OutputThatFailsBetweenTwoListsIsSaidOnce) {
     EXPECT_FALSE(run.process(second, "two"));
     EXPECT_EQ(run.finish(), Status::failed);
     EXPECT_EQ(messages.written, "orbisgrid-batch: standard output: No space left on device\n");
+}
+
+TEST(BatchRun, OutputThatFailsAtTheVeryEndIsSaid) {
+    FailingSink output(0, ENOSPC), messages(1000, 0);
+    Progress progress({}, std::chrono::steady_clock::now);
+    DistanceTask task({"JO20", false, false});
+    BatchRun run({}, task, {output, messages}, progress);
+    Pieces pieces("FN42", 65536); // without a line end: its answer waits until all is read
+    EXPECT_TRUE(run.process(pieces, "list"));
+    EXPECT_EQ(run.finish(), Status::failed);
+    EXPECT_EQ(messages.written, "orbisgrid-batch: standard output: No space left on device\n");
+}
+
+/// How often the line of progress is taken away while two lines come one by one.
+int erasures(const std::string& list, bool isOutputShown) {
+    FailingSink output(1000, 0), messages(1000, 0);
+    int count = 0;
+    std::chrono::steady_clock::time_point now;
+    Progress progress([&](const std::string& line) { count += line == "\r\x1b[K" ? 1 : 0; },
+                      [&] { return now += std::chrono::seconds(2); });
+    DistanceTask task({"JO20", false, false});
+    RunOptions options;
+    options.input = Format::lines;
+    options.isOutputShown = isOutputShown;
+    BatchRun run(options, task, {output, messages}, progress);
+    Pieces pieces(list, list.size() / 2);
+    run.process(pieces, "list");
+    run.finish();
+    return count;
+}
+
+TEST(BatchRun, ProgressMakesWayForWhatIsWrittenOnItsTerminal) {
+    EXPECT_EQ(erasures("FN42\nFN42\n", true), 2) << "for each result";
+    EXPECT_EQ(erasures("FN42\nFN42\n", false), 1) << "at the end: results go elsewhere";
+    EXPECT_EQ(erasures("JO2?\nJO2?\n", false), 2) << "for each message";
+    EXPECT_EQ(erasures("JO2?\nJO2?\n", true), 2) << "for both at once";
+    EXPECT_EQ(erasures("", true), 1) << "at the end: nothing came";
 }
 
 TEST(BatchRun, SaysMoreThanABlockOfMessages) {

@@ -60,6 +60,14 @@ TEST(MapFrame, TakesItsValuesIntoTheirRanges) {
     EXPECT_EQ(MapFrame(MapView{{50, endless}}).projection().centre(), Position{});
 }
 
+TEST(MapFrame, ACentreThatIsNoNumberIsTheOrigin) {
+    for (const Position centre : {Position{none, 10}, Position{10, none}, Position{none, none}}) {
+        const auto place = MapFrame({.centre = centre}).placeAt(MapFrame::middle);
+        ASSERT_TRUE(place);
+        EXPECT_EQ(*place, Position());
+    }
+}
+
 TEST(MapFrame, LargerTextsTakeRoomFromTheMap) {
     EXPECT_NEAR(MapFrame(MapView{}).rim(), 500 - 12 - 2.9 * 14, 1e-9);
     EXPECT_LT(MapFrame(MapView{{}, 500, 20}).rim(), MapFrame(MapView{{}, 500, 10}).rim());
