@@ -1,5 +1,7 @@
 #include "ui/map_colors.h"
 
+#include "ui/contrast.h"
+
 #include <QPalette>
 
 namespace orbisgrid {
@@ -54,9 +56,13 @@ RoleStyles darkStyles() {
 
 RoleStyles blackStyles(const QPalette& palette) {
     const std::uint32_t ink = palette.color(QPalette::WindowText).rgba();
-    const std::uint32_t path = palette.color(QPalette::Highlight).rgba();
-    RoleStyles styles = on({.ink = ink, .sea = palette.color(QPalette::Window).rgba()});
-    styles[Role::land].fill = 0xFF2C2C2C;
+    constexpr std::uint32_t land = 0xFF2C2C2C;
+    const QColor sea = palette.color(QPalette::Window);
+    const std::uint32_t path = withContrast(palette.color(QPalette::Highlight),
+                                            {QColor::fromRgba(land), sea}, contrastOfEdges)
+                                   .rgba();
+    RoleStyles styles = on({.ink = ink, .sea = sea.rgba()});
+    styles[Role::land].fill = land;
     styles[Role::night].fill = 0x90000000;
     for (const Role role : {Role::land, Role::border, Role::grid, Role::ring})
         styles[role].stroke = ink;

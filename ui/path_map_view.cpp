@@ -163,8 +163,11 @@ void PathMapView::changeEvent(QEvent* event) {
 // Radius ----------------------------------------------------------------------------------------
 
 void PathMapView::setRadius(double kilometres) {
+    const QString before = crossReadOut();
     m_radius = std::clamp(kilometres, MapFrame::leastKilometres, halfCircumference);
     showAnew();
+    if (crossReadOut() != before)
+        sayCross();
 }
 
 void PathMapView::zoom(double steps) {
@@ -184,7 +187,8 @@ PathMapView::Cross PathMapView::crossOf(Position place) const {
 }
 
 std::optional<Position> PathMapView::crossPlace() const {
-    if (!m_cross)
+    constexpr double rounding = 1e-9;
+    if (!m_cross || m_cross->kilometres > m_radius * (1 + rounding))
         return std::nullopt;
     // Its sine and cosine may put it a rounding beyond the antipode, where no place is.
     const double kilometres = std::min(m_cross->kilometres, halfCircumference * (1 - 1e-12));
@@ -198,6 +202,10 @@ void PathMapView::setCross(const std::optional<Cross>& cross) {
     m_pointerMovedLast = !cross.has_value();
     sayReadOut();
     pictureChanged();
+    sayCross();
+}
+
+void PathMapView::sayCross() {
     // Of a value only a number can be told, so the description has the read-out as well.
     QAccessibleEvent described(this, QAccessible::DescriptionChanged);
     QAccessible::updateAccessibility(&described);
@@ -258,13 +266,18 @@ void PathMapView::contextMenuEvent(QContextMenuEvent* event) {
 // Keys ------------------------------------------------------------------------------------------
 
 void PathMapView::keyPressEvent(QKeyEvent* event) {
-    const auto cross = crossPlace();
-    if (moveCross(*event) || changeRadius(*event))
-        return;
-    if (cross && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
-        Q_EMIT targetChosen(toQString(placeLocator(*cross)));
-    else
+    if (!takeKey(*event))
         QWidget::keyPressEvent(event);
+}
+
+bool PathMapView::takeKey(const QKeyEvent& event) {
+    if (moveCross(event) || changeRadius(event))
+        return true;
+    const auto cross = crossPlace();
+    if (!cross || (event.key() != Qt::Key_Return && event.key() != Qt::Key_Enter))
+        return false;
+    Q_EMIT targetChosen(toQString(placeLocator(*cross)));
+    return true;
 }
 
 /// The first arrow puts the cross on the Target, or on the rim in its direction where it is farther
@@ -289,7 +302,7 @@ bool PathMapView::moveCross(const QKeyEvent& event) {
     default:
         return false;
     }
-    if (!m_cross) {
+    if (!crossPlace()) {
         const auto& targets = m_subject.targets;
         Cross first = targets.empty() ? Cross{} : crossOf(targets.front().place);
         first.kilometres = std::min(first.kilometres, m_radius);

@@ -35,10 +35,14 @@ public:
     /// The whole map as it is shown, with texts of the usual size for a file.
     PathMapOptions options() const;
 
-    /// What is said of the place below the pointer or, without one, at the cross.
+    /// Takes a key that moves the cross, changes the radius or chooses the Target. Result: whether
+    /// it was one.
+    bool takeKey(const QKeyEvent& event);
+
+    /// What is said of the place below the pointer, or at the cross: of what was moved last.
     QString readOut() const { return m_readOut; }
 
-    /// What is said of the cross; empty without one.
+    /// What is said of the cross; empty where none is on the map.
     QString crossReadOut() const;
 
     QSize sizeHint() const override;
@@ -82,6 +86,7 @@ private:
     void zoom(double steps);
     void setRadius(double kilometres);
     void setCross(const std::optional<Cross>& cross);
+    void sayCross();
     Cross crossOf(Position place) const;
     bool moveCross(const QKeyEvent& event);
     bool changeRadius(const QKeyEvent& event);
@@ -96,7 +101,7 @@ private:
     const Outlines* m_outlines = nullptr;
     bool m_showsNight = true;
     double m_radius = halfCircumference;
-    std::optional<Cross> m_cross;
+    std::optional<Cross> m_cross;     ///< where it is beyond the rim, it is as good as none
     std::optional<QPointF> m_pointer; ///< while it is over the view
     bool m_pointerMovedLast = true;   ///< and not the cross
     QString m_readOut;

@@ -7,6 +7,7 @@
 #include "ui/path_map_view.h"
 #include "ui/picture_file.h"
 #include "ui/qt_text.h"
+#include "ui/read_out_label.h"
 #include "ui/visible_place.h"
 #include "ui/window_messages.h"
 
@@ -27,10 +28,8 @@ namespace orbisgrid {
 
 namespace {
 
-/// A line of text that takes more lines where it has to, and gives room to the map where there is
-/// little.
-QLabel* lineBelow(const char* objectName) {
-    auto* label = new QLabel;
+/// A text that takes more lines where it has to, and gives room to the map where there is little.
+QLabel* textBelow(const char* objectName, QLabel* label) {
     label->setObjectName(QString::fromLatin1(objectName));
     label->setTextFormat(Qt::PlainText);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -50,13 +49,14 @@ PathMap::PathMap(const MapSurroundings& surroundings, QWidget* parent)
     : QWidget(parent, Qt::Window)
     , m_outlines(outlinesIn(surroundings.outlinesFile))
     , m_view(new PathMapView(surroundings.now))
-    , m_lblPath(lineBelow("lblPath"))
-    , m_lblPlace(lineBelow("lblPlace"))
+    , m_lblPath(textBelow("lblPath", new QLabel))
+    , m_lblPlace(textBelow("lblPlace", new ReadOutLabel))
     , m_chkNight(new QCheckBox(QStringLiteral("Day and night"))) {
     setObjectName(QStringLiteral("PathMap"));
     setWindowTitle(QStringLiteral("Path on a map"));
     m_chkNight->setObjectName(QStringLiteral("chkNight"));
     m_chkNight->setChecked(true);
+    m_chkNight->setFocusPolicy(Qt::TabFocus); // a click leaves the keys to the map
     m_view->setOutlines(m_outlines ? &*m_outlines : nullptr);
 
     auto* lastLine = new QHBoxLayout;
@@ -83,10 +83,11 @@ void PathMap::showSubject(const MapSubject& subject) {
     showText(*m_lblPath, line);
 }
 
+/// The map's keys work wherever the focus is.
 void PathMap::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape)
         close();
-    else
+    else if (!m_view->takeKey(*event))
         QWidget::keyPressEvent(event);
 }
 
@@ -148,13 +149,16 @@ void PathMap::askForFile() {
     connect(&dialog, &QFileDialog::filterSelected, &dialog,
             [&](const QString& filter) { dialog.setDefaultSuffix(filter.left(3).toLower()); });
     dialog.selectFile(suggestedName());
-    if (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty())
-        savePicture(dialog.selectedFiles().constFirst());
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return;
+    const QString fileName = dialog.selectedFiles().constFirst();
+    // Whichever kind was chosen, where the name's end is of none.
+    const auto chosen = pictureKindOf(u'.' + dialog.selectedNameFilter().left(3));
+    savePicture(fileName, pictureKindOf(fileName).value_or(chosen.value_or(PictureKind::svg)));
 }
 
-void PathMap::savePicture(const QString& fileName) {
-    const QByteArray bytes =
-        pictureFile(pathMap(m_view->options()), words(), pictureKindOf(fileName));
+void PathMap::savePicture(const QString& fileName, PictureKind kind) {
+    const QByteArray bytes = pictureFile(pathMap(m_view->options()), words(), kind);
     if (bytes.isEmpty()) {
         sayNotSaved(QStringLiteral("it could not be made"));
         return;

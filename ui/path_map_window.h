@@ -16,6 +16,7 @@ class QLabel;
 namespace orbisgrid {
 
 class PathMapView;
+enum class PictureKind;
 
 /// What the window of the map needs of the machine.
 struct MapSurroundings {
@@ -47,7 +48,7 @@ private:
     void showMenu(const QString& locator, const QPoint& globalPosition);
     void copyPicture();
     void askForFile();
-    void savePicture(const QString& fileName);
+    void savePicture(const QString& fileName, PictureKind kind);
     void sayNotSaved(const QString& reason);
     SvgWords words() const;
     QString suggestedName() const;

@@ -44,12 +44,15 @@ QByteArray pdf(const Picture& picture, const SvgWords& words) {
 
 } // namespace
 
-PictureKind pictureKindOf(const QString& fileName) {
-    if (fileName.endsWith(QStringLiteral(".png"), Qt::CaseInsensitive))
+std::optional<PictureKind> pictureKindOf(const QString& fileName) {
+    const auto isOf = [&](const QString& end) {
+        return fileName.endsWith(end, Qt::CaseInsensitive);
+    };
+    if (isOf(QStringLiteral(".png")))
         return PictureKind::png;
-    if (fileName.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive))
+    if (isOf(QStringLiteral(".pdf")))
         return PictureKind::pdf;
-    return PictureKind::svg;
+    return isOf(QStringLiteral(".svg")) ? std::optional(PictureKind::svg) : std::nullopt;
 }
 
 QImage printedImage(const Picture& picture) {

@@ -6,13 +6,15 @@
 #include <QByteArray>
 #include <QImage>
 
+#include <optional>
+
 namespace orbisgrid {
 
 /// The kinds of file that a picture is saved as.
 enum class PictureKind { svg, png, pdf };
 
-/// By the end of a file's name, whatever its case; SVG where it says nothing else.
-PictureKind pictureKindOf(const QString& fileName);
+/// By the end of a file's name, whatever its case; nothing where it is of none of them.
+std::optional<PictureKind> pictureKindOf(const QString& fileName);
 
 /// A picture in the colours of print: 2000 x 2000 pixels.
 QImage printedImage(const Picture& picture);

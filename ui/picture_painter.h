@@ -5,7 +5,6 @@
 
 #include <QFont>
 #include <QImage>
-#include <QTransform>
 
 class QPainter;
 

@@ -115,9 +115,35 @@ private Q_SLOTS:
             const QColor line = QColor::fromRgba(styles.of(role).stroke);
             QVERIFY2(contrast(line, sea) >= contrastOfEdges, roleName(role).data());
         }
+        for (const Role role : {Role::target, Role::home})
+            QVERIFY2(contrast(QColor::fromRgba(styles.of(role).fill), land) >= contrastOfEdges,
+                     roleName(role).data());
         for (const Role role : {Role::shortPath, Role::longPath, Role::cross})
             QVERIFY2(contrast(QColor::fromRgba(styles.of(role).stroke), land) >= contrastOfEdges,
                      roleName(role).data());
+    }
+
+    /// On black the two colours are the palette's, whatever they are.
+    void pathsAreSeenOnBlackWithAnyHighlight_data() {
+        QTest::addColumn<QColor>("highlight");
+        for (const char* color : {"#000080", "#0000aa", "#330066", "#2c2c2c", "#000000", "#00ffff"})
+            QTest::newRow(color) << QColor(QString::fromLatin1(color));
+    }
+
+    void pathsAreSeenOnBlackWithAnyHighlight() {
+        QFETCH(const QColor, highlight);
+        QPalette palette{QColor(Qt::black), QColor(Qt::black)};
+        palette.setColor(QPalette::WindowText, Qt::white);
+        palette.setColor(QPalette::Highlight, highlight);
+        const RoleStyles styles = screenStyles(palette);
+        const QColor sea = QColor::fromRgba(styles.of(Role::sea).fill);
+        const QColor land = QColor::fromRgba(styles.of(Role::land).fill);
+        for (const std::uint32_t color :
+             {styles.of(Role::shortPath).stroke, styles.of(Role::longPath).stroke,
+              styles.of(Role::target).fill, styles.of(Role::home).fill}) {
+            QVERIFY(contrast(QColor::fromRgba(color), sea) >= contrastOfEdges);
+            QVERIFY(contrast(QColor::fromRgba(color), land) >= contrastOfEdges);
+        }
     }
 
     // Painters ------------------------------------------------------------------------------

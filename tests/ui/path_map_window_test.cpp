@@ -173,6 +173,40 @@ private Q_SLOTS:
         QVERIFY(!m_map->view().readOut().isEmpty());
     }
 
+    /// Whatever is read out: else another place lies below the pointer, with another text, for
+    /// ever.
+    void theReadOutNeverChangesTheMapsSize_data() {
+        QTest::addColumn<int>("points");
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("small") << 9 << QSize(320, 360);
+        QTest::newRow("smaller") << 10 << QSize(280, 320);
+        QTest::newRow("large letters, small") << 14 << QSize(400, 450);
+        QTest::newRow("largest letters") << 18 << QSize(622, 696);
+        QTest::newRow("largest letters, small") << 18 << QSize(300, 320);
+    }
+
+    void theReadOutNeverChangesTheMapsSize() {
+        QFETCH(const int, points);
+        QFETCH(const QSize, size);
+        QFont font = m_map->window().font();
+        font.setPointSize(points);
+        m_map->window().setFont(font);
+        m_map->open(bostonPath);
+        m_map->window().resize(size);
+        QTest::qWait(50);
+        const QSize before = m_map->view().size();
+        qsizetype longest = 0;
+        for (int y = 5; y < before.height(); y += 20) {
+            for (int x = 5; x < before.width(); x += 20) {
+                QTest::mouseMove(&m_map->view(), QPoint(x, y));
+                QApplication::processEvents();
+                QCOMPARE(m_map->view().size(), before);
+                longest = std::max(longest, m_map->text("lblPlace").size());
+            }
+        }
+        QVERIFY(longest > 30);
+    }
+
     void withoutAHomeThereIsALocatorAndNoDistance() {
         m_map->open(subjectBeforePath(u""));
         m_map->press(Qt::Key_Up);
@@ -307,6 +341,43 @@ private Q_SLOTS:
         QCOMPARE(radius(), halfCircumference);
     }
 
+    void itsKeysWorkWhereverTheMouseHasBeen_data() {
+        QTest::addColumn<QString>("clicked");
+        for (const char* name : {"chkNight", "lblPath", "lblPlace"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+
+    void itsKeysWorkWhereverTheMouseHasBeen() {
+        QFETCH(const QString, clicked);
+        m_map->open(bostonPath);
+        QTest::mouseClick(&m_map->child<QWidget>(clicked), Qt::LeftButton, {}, QPoint(5, 8));
+        const auto press = [&](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
+        const QSignalSpy chosen(&m_map->window(), &PathMap::targetChosen);
+        press(Qt::Key_Plus);
+        QCOMPARE(radius(), halfCircumference / 1.25);
+        press(Qt::Key_Up);
+        QCOMPARE(m_map->view().crossReadOut(), QStringLiteral("FN42AA: 5637 km, 3520 miles, 291°"));
+        press(Qt::Key_Return);
+        QCOMPARE(chosen.count(), 1);
+        press(Qt::Key_Escape);
+        QVERIFY(!m_map->window().isVisible());
+    }
+
+    void aCrossBeyondTheRimIsNone() {
+        m_map->open(bostonPath);
+        const QSignalSpy chosen(&m_map->window(), &PathMap::targetChosen);
+        m_map->press(Qt::Key_Up);
+        const QString onTarget = m_map->text("lblPlace");
+        for (int i = 0; i < 10; ++i)
+            m_map->press(Qt::Key_Plus);
+        QVERIFY(radius() < 5000);
+        QCOMPARE(m_map->text("lblPlace"), QString());
+        m_map->press(Qt::Key_Return);
+        QCOMPARE(chosen.count(), 0);
+        m_map->press(Qt::Key_0);
+        QCOMPARE(m_map->text("lblPlace"), onTarget);
+    }
+
     void escapeClosesIt() {
         m_map->open(bostonPath);
         m_map->press(Qt::Key_Escape);
@@ -417,6 +488,22 @@ private Q_SLOTS:
         QVERIFY(bytes.startsWith(begins));
         QVERIFY(bytes.size() > 10'000);
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
+    }
+
+    void theChosenKindDecidesWhereTheNamesEndIsOfNone() {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("trip.2026"));
+        m_map->open(bostonPath);
+        m_map->watchdog().expectDialog(QStringLiteral("dlgSavePicture"), [path](QDialog& dialog) {
+            auto& files = static_cast<QFileDialog&>(dialog);
+            files.selectNameFilter(QStringLiteral("PNG image (*.png)"));
+            files.selectFile(path);
+            QMetaObject::invokeMethod(&files, "accept");
+        });
+        choose("mnuSavePicture");
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QVERIFY(file.readAll().startsWith("\x89PNG"));
     }
 
     void aFileThatIsThereIsReplaced() {
