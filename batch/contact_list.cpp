@@ -1,8 +1,7 @@
 #include "batch/contact_list.h"
 
-#include <algorithm>
-#include <array>
 #include <cstdint>
+#include <vector>
 
 namespace orbisgrid {
 
@@ -12,6 +11,11 @@ namespace {
 /// most that a locator has here.
 constexpr std::size_t extended = 8;
 constexpr std::size_t longest = 10;
+
+/// Whether a field is about the other station, wherever the position of a result comes from.
+bool isOfContact(std::string_view name) {
+    return name == "GRIDSQUARE" || name == "GRIDSQUARE_EXT" || name == "LAT" || name == "LON";
+}
 
 /// Stands for the length of a name.
 std::uint32_t lengthBit(std::string_view name) {
@@ -66,17 +70,28 @@ Question ContactList::question() {
         if (isThere && !question.place)
             question.refusal = "LAT and LON name no place!";
         question.target = latitude.value;
-    } else if (question.target.size() == extended) {
+    } else if (question.target.size() == extended && options().targetColumn.empty()) {
         (m_target = question.target) += extension.value.substr(0, longest - extended);
         question.target = m_target;
     }
     return question;
 }
 
+void ContactList::putFields(const Question& question, const Values& values) {
+    task().putFields(question, values, m_fields);
+    const bool isOfAnother = !options().targetColumn.empty();
+    // An extension goes with what it extends.
+    const bool staysAsItIs = !options().isReplacing && fieldOf(record(), "GRIDSQUARE") != nullptr;
+    std::erase_if(m_fields, [&](const auto& field) {
+        return (isOfAnother && isOfContact(field.first)) ||
+               (staysAsItIs && field.first == "GRIDSQUARE_EXT");
+    });
+}
+
 void ContactList::write(std::string& bytes, const Question& question, const Values* values) {
     m_fields.clear();
     if (values != nullptr)
-        task().putFields(question, *values, m_fields);
+        putFields(question, *values);
     const Record& contact = record();
     const char* written = contact.bytes.data();
     const auto copyTo = [&](const char* end) {

@@ -32,6 +32,7 @@ private:
     };
 
     void findFields();
+    void putFields(const Question& question, const Values& values);
 
     AdifReader m_reader;
     std::array<AskedField, 6> m_asked;

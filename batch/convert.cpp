@@ -8,6 +8,8 @@
 #include "records/adif.h"
 #include "records/lines.h"
 
+#include <algorithm>
+
 namespace orbisgrid {
 
 namespace {
@@ -89,7 +91,10 @@ Answer ConvertTask::answer(const Question& question, Values& values) {
 
 void ConvertTask::putFields(const Question& /*question*/, const Values& values,
                             ContactFields& fields) {
-    fields.emplace_back("GRIDSQUARE", values[locator]);
+    constexpr std::size_t extended = 8; // the most that the first of the two may have
+    const std::string_view whole = values[locator];
+    fields.emplace_back("GRIDSQUARE", whole.substr(0, extended));
+    fields.emplace_back("GRIDSQUARE_EXT", whole.substr(std::min(extended, whole.size())));
     fields.emplace_back("LAT", m_contactLatitude);
     fields.emplace_back("LON", m_contactLongitude);
     fields.emplace_back("APP_ORBISGRID_UIVIEW", values[uiview]);

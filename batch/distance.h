@@ -4,7 +4,6 @@
 #include "core/text.h"
 #include "geodesy/great_circle.h"
 
-#include <array>
 #include <optional>
 #include <string>
 #include <string_view>

@@ -6,7 +6,6 @@
 #include "records/record.h"
 
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 

@@ -1,8 +1,9 @@
 #include "batch/map_task.h"
 
 #include "batch/box_text.h"
-#include "core/maidenhead.h"
 #include "geodesy/locator_check.h"
+#include "map/caption.h"
+#include "records/lines.h"
 
 #include <utility>
 
@@ -35,10 +36,11 @@ Answer MapTask::answer(const Question& question, Values& /*values*/) {
             return {"Another Home than the map's!", {}, question.home};
         m_home = *home;
     }
+    const bool isThere = !withoutBlanks(question.target).empty();
     const auto target =
-        question.place ? checkedHome(locatorOf(*question.place)) : locatorIn(question.target);
+        question.place ? checkedHome(placeLocator(*question.place)) : locatorIn(question.target);
     if (!target)
-        return {question.target.empty() ? "No locator!" : invalidLocator, {}, question.target};
+        return {isThere ? invalidLocator : "No locator!", {}, isThere ? question.target : ""};
     if (m_drawn.insert(*target).second)
         m_targets.push_back(*target);
     return {};

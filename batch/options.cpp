@@ -1,6 +1,7 @@
 #include "batch/options.h"
 
 #include "batch/box_text.h"
+#include "batch/message_text.h"
 #include "core/number_text.h"
 #include "records/format.h"
 
@@ -9,6 +10,7 @@
 #include <cmath>
 #include <getopt.h>
 #include <optional>
+#include <utility>
 
 namespace orbisgrid {
 
@@ -204,12 +206,15 @@ void InvocationReader::take(const OptionRow& option, const std::string& value) {
 void InvocationReader::takeOutputFile(const std::string& name) {
     if (name.empty())
         refuse("-o needs the name of a file");
-    m_call.outputFile = name == "-" ? "" : name; // as among the lists: no file
+    // As among the lists no file; by its other name it would be a file that takes its own place.
+    const bool isStream = name == "-" || name == "/dev/stdout";
+    m_call.outputFile = isStream ? "" : name;
 }
 
 void InvocationReader::refuse(const std::string& why) {
-    m_call.wrong = std::string(programName) + ": " + why + " (see " + std::string(programName) +
-                   " " + std::string(nameOf(m_call.command)) + " --help)";
+    m_call.wrong = std::string(programName) + ": " + printable(why) + " (see " +
+                   std::string(programName) + " " + std::string(nameOf(m_call.command)) +
+                   " --help)";
 }
 
 void InvocationReader::finish() {
@@ -266,7 +271,7 @@ Invocation readInvocation(std::span<char* const> arguments) {
         call.wrong = "orbisgrid-batch: no command (see orbisgrid-batch --help)";
     else
         call.wrong = std::string("orbisgrid-batch: unknown command ")
-                         .append(first)
+                         .append(printable(first))
                          .append(" (see orbisgrid-batch --help)");
     return call;
 }

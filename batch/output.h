@@ -3,7 +3,6 @@
 #include "platform/file_descriptor.h"
 #include "platform/safe_file.h"
 
-#include <memory>
 #include <string>
 #include <string_view>
 

@@ -1,13 +1,17 @@
 #include "batch/program.h"
 
+#include "batch/message_text.h"
 #include "batch/options.h"
 #include "platform/byte_stream.h"
 #include "platform/program_folder.h"
 #include "platform/safe_file.h"
 
 #include <cerrno>
+#include <chrono>
 #include <memory>
 #include <string>
+#include <tuple>
+#include <utility>
 
 namespace orbisgrid {
 
@@ -126,7 +130,8 @@ int runProgram(std::span<char* const> arguments) {
     FileSink output(call.outputFile);
     if (const int error = output.error(); error != 0) {
         const std::string reason = error == EINVAL ? "not a regular file" : reasonOf(error);
-        std::ignore = messages.write("orbisgrid-batch: " + call.outputFile + ": " + reason + "\n");
+        std::ignore =
+            messages.write("orbisgrid-batch: " + printable(call.outputFile) + ": " + reason + "\n");
         return static_cast<int>(Status::failed);
     }
     return work(call, output, messages);

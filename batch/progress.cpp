@@ -60,8 +60,8 @@ void Progress::erase() {
 
 std::string Progress::lineOf(const WorkDone& done, double seconds) const {
     const auto lines = static_cast<double>(done.lines);
-    std::string line =
-        grouped(done.lines) + " lines, " + grouped(rounded(lines / seconds)) + " a second";
+    std::string line = grouped(done.lines) + (done.lines == 1 ? " line, " : " lines, ") +
+                       grouped(rounded(lines / seconds)) + " a second";
     if (m_total && *m_total > 0 && done.bytes > 0) {
         const double share =
             std::min(1.0, static_cast<double>(done.bytes) / static_cast<double>(*m_total));

@@ -182,12 +182,13 @@ std::string TableList::surplusName(std::size_t place) const {
 
 void TableList::addMembers(JsonLine& object, bool hasResults) {
     const Record& row = record();
-    for (std::size_t i = 0; i < row.fields.size(); ++i) {
+    for (std::size_t i = 0; i < std::max(m_members.size(), row.fields.size()); ++i) {
         const bool isResult = std::find(m_columns.begin(), m_columns.end(), i) != m_columns.end();
         if (isResult && hasResults && options().isReplacing)
             continue;
         m_member.clear();
-        appendUnquoted(m_member, row.fields[i]);
+        if (i < row.fields.size()) // a short row is filled up
+            appendUnquoted(m_member, row.fields[i]);
         if (i < m_members.size())
             object.addText(m_members[i], m_member);
         else

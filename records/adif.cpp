@@ -177,6 +177,16 @@ private:
     /// Where the line ends that has nothing behind `end`; else `end`.
     std::optional<std::size_t> withLineEnd(std::size_t end) const;
 
+    /// Whether the next tag, or nothing, follows at `end` behind white space alone; nothing where
+    /// more bytes decide.
+    std::optional<bool> endsWell(std::size_t end) const {
+        const std::size_t next =
+            std::min(m_bytes.find_first_not_of(" \t\r\n", end), m_bytes.size());
+        if (next == m_bytes.size())
+            return m_isWhole ? std::optional(true) : std::nullopt;
+        return m_bytes[next] == '<';
+    }
+
     /// Whether a value may end before the byte at `end`.
     bool isPlausible(std::size_t end) const {
         return end == m_bytes.size() ||
@@ -244,15 +254,29 @@ bool Scan::takeValue(const Tag& tag) {
 
 std::optional<std::size_t> Scan::endOfValue(std::size_t first, std::size_t length) const {
     if (length <= longestRecord) {
-        if (first + length >= m_bytes.size() && !m_isWhole)
+        const std::size_t end = first + length;
+        if (end >= m_bytes.size() && !m_isWhole)
             return std::nullopt;
-        if (isPlausible(first + length))
-            return first + length;
+        const bool isPossible = isPlausible(end);
+        const auto isGood = isPossible ? endsWell(end) : std::optional(false);
+        if (!isGood)
+            return std::nullopt;
+        if (*isGood)
+            return end;
+        // It may count characters, of which some have more than a byte.
         const std::size_t size = bytesOfCharacters(m_bytes.substr(first), length);
         if (size == none && !m_isWhole)
             return std::nullopt;
-        if (size != none && isPlausible(first + size))
-            return first + size;
+        if (size != none && size != length) {
+            const auto isBetter =
+                isPlausible(first + size) ? endsWell(first + size) : std::optional(false);
+            if (!isBetter)
+                return std::nullopt;
+            if (*isBetter || (!isPossible && isPlausible(first + size)))
+                return first + size;
+        }
+        if (isPossible)
+            return end;
     }
     const auto next = nextTag(m_bytes, first, m_isWhole);
     if (!next)

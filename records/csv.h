@@ -3,7 +3,6 @@
 #include "records/record_window.h"
 
 #include <string>
-#include <string_view>
 
 namespace orbisgrid {
 

@@ -58,6 +58,17 @@ bool isOfNumbers(char byte) {
     return static_cast<unsigned char>(byte) >= 0x80 || others.find(byte) != std::string_view::npos;
 }
 
+/// Two letters and two digits in turns, four characters at least.
+bool isShapedAsLocator(std::string_view word) {
+    const auto isLetter = [](char byte) { return small(byte) >= 'a' && small(byte) <= 'z'; };
+    const auto isDigit = [](char byte) { return byte >= '0' && byte <= '9'; };
+    for (std::size_t i = 0; i < word.size(); ++i) {
+        if (i % 4 < 2 ? !isLetter(word[i]) : !isDigit(word[i]))
+            return false;
+    }
+    return word.size() >= 4;
+}
+
 /// Whether the first row of the table that `bytes` would be names one of the columns.
 bool isTable(std::string_view bytes, char separator, std::span<const std::string_view> columns) {
     Bytes source(bytes);
@@ -67,8 +78,11 @@ bool isTable(std::string_view bytes, char separator, std::span<const std::string
     if (reader.next(record) != Reading::record)
         return false;
     return std::any_of(record.fields.begin(), record.fields.end(), [&](const Field& field) {
-        return std::any_of(columns.begin(), columns.end(),
-                           [&](std::string_view column) { return isColumn(field.value, column); });
+        // Quotes stand around all of it, or another separator follows them.
+        const bool isWhole = field.bytes.size() <= field.value.size() + 2;
+        return isWhole && std::any_of(columns.begin(), columns.end(), [&](std::string_view column) {
+                   return isColumn(field.value, column);
+               });
     });
 }
 
@@ -111,11 +125,7 @@ bool beginsWithPlace(std::string_view line) {
         return true; // a UI-View text
     if (digits.find(text.front()) != std::string_view::npos || text.find_first_of("+-") == 0)
         return std::all_of(text.begin(), text.end(), isOfNumbers);
-    const auto isLetter = [](char character) {
-        return small(character) >= 'a' && small(character) <= 'z';
-    };
-    return text.size() >= 4 && isLetter(text[0]) && isLetter(text[1]) &&
-           text.find_first_not_of(digits, 2) >= 4;
+    return isShapedAsLocator(text.substr(0, text.find_first_of(" \t,")));
 }
 
 bool isColumn(std::string_view field, std::string_view name) {

@@ -30,9 +30,9 @@ inline constexpr std::size_t guessedFrom = 4096;
 [[nodiscard]] Format guessedFormat(std::string_view bytes,
                                    std::span<const std::string_view> columns);
 
-/// Whether a line begins as no header does: with "=", with two letters and two digits, or with a
-/// digit or a sign where the rest is of numbers and directions too. A file whose first line does is
-/// one of `lines`, and nobody has to wait for more of it.
+/// Whether a line begins as no header does: with "=", with a word of two letters and two digits in
+/// turns, or with a digit or a sign where the rest is of numbers and directions too. A file whose
+/// first line does is one of `lines`, and nobody has to wait for more of it.
 [[nodiscard]] bool beginsWithPlace(std::string_view line);
 
 /// Whether a field of a header is the name of a column, in any case and between blanks.

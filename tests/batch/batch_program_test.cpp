@@ -318,6 +318,13 @@ TEST(BatchProgress, KnowsHowMuchThereIsOfFiles) {
         onTerminal(slowly + command + half + " " + folder.path("slow") + " >/dev/null");
     EXPECT_NE(shown.find("2 lines, "), std::string::npos) << shown;
     EXPECT_EQ(shown.find('%'), std::string::npos) << shown;
+    // More than it can do before it is stopped for a second.
+    const std::string many = folder.path("many");
+    shell("yes JO20 FN42 | head -n 3000000 > " + many);
+    const std::string stopped =
+        " >/dev/null & sleep 0.1; kill -STOP $!; sleep 1.2; kill -CONT $!; wait";
+    const std::string known = onTerminal(command + many + " " + half + stopped);
+    EXPECT_NE(known.find(" %, "), std::string::npos) << known;
     EXPECT_EQ(onTerminal(command + half + " - " + half + " <" + half + " >/dev/null"), "");
     EXPECT_EQ(onTerminal(command + half + " /nowhere >/dev/null").find("No such file"),
               std::string("orbisgrid-batch: /nowhere: ").size());

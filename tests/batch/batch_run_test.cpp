@@ -5,7 +5,6 @@
 #include "tests/support/table.h"
 
 #include <cerrno>
-#include <random>
 
 namespace orbisgrid {
 

@@ -42,6 +42,15 @@ TEST(BatchMap, ShowsContactsByTheirPlaceToo) {
               mapOf(u"JO20AW", {u"FN42AA"}));
 }
 
+TEST(BatchMap, ShowsContactsOnTheBordersOfTheWorld) {
+    for (const char* place : {"<LAT:11>N010 00.000<LON:11>E180 00.000<EOR>",
+                              "<LAT:11>N010 00.000<LON:11>W180 00.000<EOR>"})
+        expectMap(runBatch("map --home JO20AW", place, "a.adi"), mapOf(u"JO20AW", {u"AK00AA"}));
+    for (const char* place : {"<LAT:11>N090 00.000<LON:11>E004 00.000<EOR>",
+                              "<LAT:11>S090 00.000<LON:11>E004 00.000<EOR>"})
+        EXPECT_EQ(runBatch("map --home JO20AW", place, "a.adi").messages, "");
+}
+
 TEST(BatchMap, HasItsRadiusAndItsMoment) {
     expectMap(
         runBatch("map --home JO20AW --radius 2000 --at 2026-06-21T12:00:00Z", "JO30AA", "list"),
@@ -74,6 +83,11 @@ TEST(BatchMap, LeavesOutWhatIsRefused) {
                                "7 lines, 6 refused\n");
     EXPECT_EQ(result.status, 1);
     EXPECT_TRUE(result.output == mapOf(u"JO20AW", {u"FN42AA"}));
+}
+
+TEST(BatchMap, ABlankTargetIsNone) {
+    EXPECT_EQ(runBatch("map --home JO20", "locator,b\n  ,x\n", "a.csv").messages,
+              "a.csv:2: No locator!\n1 row, 1 refused\n");
 }
 
 TEST(BatchMap, IsNotMadeAfterAFailure) {

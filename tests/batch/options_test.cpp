@@ -47,6 +47,13 @@ TEST(Invocation, TakesEveryOptionOfDistance) {
 TEST(Invocation, AMinusIsTheStandardOutput) {
     EXPECT_EQ(invocationOf({"distance", "-o", "-"}).outputFile, "");
     EXPECT_EQ(invocationOf({"distance", "-o", "-"}).run.outputName, "standard output");
+    EXPECT_EQ(invocationOf({"distance", "-o", "/dev/stdout"}).outputFile, "");
+}
+
+TEST(Invocation, WhatIsWrongIsOneLineOfWhatCanBeShown) {
+    EXPECT_EQ(wrong({"distance", "--f\no\x1ble"}), "orbisgrid-batch: unknown option --f?o?le");
+    EXPECT_EQ(invocationOf({"a\nb"}).wrong,
+              "orbisgrid-batch: unknown command a?b (see orbisgrid-batch --help)");
 }
 
 TEST(Invocation, TakesNothingForGranted) {

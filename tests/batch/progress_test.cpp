@@ -65,14 +65,14 @@ TEST_F(ProgressTest, KnowsNoShareOfAPipe) {
 
 TEST_F(ProgressTest, RoundsTheRateToTheNearest) {
     Progress line = progress();
-    EXPECT_EQ(after(line, 2001, {1, 1}), "\r\x1b[K1 lines, 0 a second");
+    EXPECT_EQ(after(line, 2001, {1, 1}), "\r\x1b[K1 line, 0 a second");
     EXPECT_EQ(after(line, 4000, {1, 2}), "\r\x1b[K2 lines, 1 a second");
 }
 
 TEST_F(ProgressTest, KnowsTheShareOfASingleByte) {
     Progress line = progress();
     line.setTotal(1);
-    EXPECT_EQ(after(line, 2000, {1, 1}), "\r\x1b[K100 %, 1 lines, 1 a second, 0 s left");
+    EXPECT_EQ(after(line, 2000, {1, 1}), "\r\x1b[K100 %, 1 line, 1 a second, 0 s left");
 }
 
 TEST_F(ProgressTest, IsNeverBeyondTheEnd) {
