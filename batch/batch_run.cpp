@@ -30,8 +30,8 @@ std::string_view unitOf(Format format) {
 
 } // namespace
 
-/// Writes what is there before it waits for more: a line that comes through a pipe is answered at
-/// once, and one of a file with all others of its block.
+/// Writes what is there before it waits for more: where the format is known, a line that comes
+/// through a pipe is answered at once, and one of a file with all others of its block.
 class BatchRun::WatchedSource : public ByteSource {
 public:
     WatchedSource(BatchRun& run, ByteSource& source)

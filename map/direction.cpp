@@ -22,6 +22,11 @@ Direction perpendicular(const Direction& direction) {
     return normalised(cross(direction, isPolar ? Direction{1, 0, 0} : Direction{0, 0, 1}));
 }
 
+bool isPlace(Position position) {
+    constexpr double most = 36000;
+    return std::fabs(position.latitude) <= most && std::fabs(position.longitude) <= most;
+}
+
 double angleBetween(const Direction& one, const Direction& other) {
     const Direction product = cross(one, other);
     return std::atan2(std::sqrt(dot(product, product)), dot(one, other));

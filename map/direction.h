@@ -29,6 +29,10 @@ struct Direction {
 /// The same direction with length 1; `direction` must not be zero.
 [[nodiscard]] Direction normalised(const Direction& direction);
 
+/// Whether a position can be a place: two numbers, of at most a hundred turns. Of larger ones the
+/// sines mean nothing.
+[[nodiscard]] bool isPlace(Position position);
+
 /// The angle between two directions, radians: as right next to 0 and to pi as anywhere.
 [[nodiscard]] double angleBetween(const Direction& one, const Direction& other);
 

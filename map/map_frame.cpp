@@ -11,8 +11,8 @@ constexpr double tickAndGap = 12;
 constexpr double bearingWidth = 2.9; ///< em, of "330°"
 constexpr double leastRim = 300;
 
-Position numberOrNone(Position place) {
-    return std::isfinite(place.latitude) && std::isfinite(place.longitude) ? place : Position{};
+Position placeOrNone(Position place) {
+    return isPlace(place) ? place : Position{};
 }
 
 /// Of a value that is no number the default.
@@ -23,7 +23,7 @@ double within(double low, double value, double high, double otherwise) {
 } // namespace
 
 MapFrame::MapFrame(const MapView& view)
-    : m_projection(numberOrNone(view.centre))
+    : m_projection(placeOrNone(view.centre))
     , m_kilometres(
           within(leastKilometres, view.radiusKilometres, halfCircumference, halfCircumference))
     , m_textSize(within(4, view.textSize, 100, MapView{}.textSize))

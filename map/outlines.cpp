@@ -104,7 +104,7 @@ private:
         const auto count = readNumber();
         if (!count || *count < leastPoints)
             return false;
-        Outlines::Line line{m_outlines.m_points.size(), *count, {}, 0};
+        Outlines::Line line{m_outlines.m_points.size(), *count, {}, {}};
         std::int64_t longitude = 0, latitude = 0;
         for (std::size_t i = 0; i < line.count; ++i) {
             if (!readPoint(longitude, latitude))

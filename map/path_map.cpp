@@ -17,10 +17,6 @@ namespace {
 constexpr double homeRadius = 0.3;
 constexpr double targetRadius = 0.25;
 
-bool isNumber(Position place) {
-    return std::isfinite(place.latitude) && std::isfinite(place.longitude);
-}
-
 Picture::Area nightOf(const MapFrame& frame, Moment moment) {
     constexpr int corners = 8; // the clip puts points between
     const Direction sun = directionOf(subsolarPoint(moment));
@@ -68,7 +64,7 @@ public:
         : m_options(options)
         , m_frame(options.view) {
         for (const MapTarget& target : options.targets) {
-            if (isNumber(target.place))
+            if (isPlace(target.place))
                 m_targets.push_back({Bearing(m_frame, target.place), target.text});
         }
     }
@@ -137,7 +133,7 @@ private:
         }
         if (m_options.home)
             addDot({Role::home, MapFrame::middle, homeRadius * em});
-        if (m_options.cross && isNumber(*m_options.cross) && m_frame.shows(*m_options.cross)) {
+        if (m_options.cross && isPlace(*m_options.cross) && m_frame.shows(*m_options.cross)) {
             const auto [x, y] = m_frame.pointOf(*m_options.cross);
             const double arm = em / 2;
             add(Picture::Lines{Role::cross,

@@ -9,7 +9,7 @@
 
 namespace orbisgrid {
 
-/// A place to draw, with what stands beside it. One that is no number is not drawn.
+/// A place to draw, with what stands beside it. One that is none (see `isPlace`) is not drawn.
 struct MapTarget {
     Position place;
     Text text;

@@ -46,11 +46,11 @@ public:
 private:
     struct Vertex {
         Direction place;
-        double up{};                ///< the cosine of the distance from the centre
-        double east{}, north{};     ///< along the axes of the centre; these and what follows only
-        double outwards{};          ///< within the rim. The sine of the distance
-        double distance{};          ///< radians
-        Picture::Point point{0, 0}; ///< in the picture
+        double up{};            ///< the cosine of the distance from the centre
+        double east{}, north{}; ///< along the axes of the centre; these and what follows only
+        double outwards{};      ///< within the rim. The sine of the distance
+        double distance{};      ///< radians
+        Picture::Point point;   ///< in the picture
         bool isInside{};
     };
 

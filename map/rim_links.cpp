@@ -40,8 +40,8 @@ RimLinks::Arc RimLinks::arcBehind(std::size_t crossing) const {
 }
 
 std::size_t RimLinks::widest() const {
-    std::size_t found = 0;
-    double most = -1;
+    std::size_t found{};
+    double most{};
     for (std::size_t i = 0; i < m_crossings.size(); ++i) {
         const Arc arc = arcBehind(i);
         if (arc.to - arc.from > most) {

@@ -4,8 +4,9 @@ namespace orbisgrid {
 
 std::array<Role, roleCount> everyRole() {
     std::array<Role, roleCount> roles{};
-    for (std::size_t i = 0; i < roles.size(); ++i)
-        roles[i] = static_cast<Role>(i);
+    int next = 0;
+    for (Role& role : roles)
+        role = static_cast<Role>(next++);
     return roles;
 }
 

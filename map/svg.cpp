@@ -180,7 +180,7 @@ private:
 
     /// Hundredths are a fiftieth of a pixel of a large window.
     void number(double value) {
-        std::array<char, 32> digits{};
+        std::array<char, 350> digits{}; // the largest number has 309
         const double hundredths = std::round(value * 100) / 100;
         const auto written = std::to_chars(digits.data(), digits.data() + digits.size(),
                                            hundredths + 0.0, std::chars_format::fixed);

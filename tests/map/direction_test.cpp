@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <limits>
+#include <numbers>
+
 namespace orbisgrid {
 
 namespace {
@@ -44,6 +48,15 @@ TEST(Direction, APerpendicularOneIsOfLengthOne) {
         EXPECT_NEAR(dot(direction, across), 0, 1e-15);
         EXPECT_NEAR(dot(across, across), 1, 1e-14);
     }
+}
+
+TEST(Direction, NumbersOfAHundredTurnsAreAPlace) {
+    EXPECT_TRUE(isPlace({90.02, -180}));
+    EXPECT_TRUE(isPlace({-36000, 36000}));
+    EXPECT_FALSE(isPlace({36000.1, 0}));
+    EXPECT_FALSE(isPlace({0, -36000.1}));
+    EXPECT_FALSE(isPlace({std::nan(""), 0}));
+    EXPECT_FALSE(isPlace({0, std::numeric_limits<double>::infinity()}));
 }
 
 TEST(Direction, AnglesAreRightBetweenNeighboursAndOpposites) {

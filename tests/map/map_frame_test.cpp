@@ -61,7 +61,8 @@ TEST(MapFrame, TakesItsValuesIntoTheirRanges) {
 }
 
 TEST(MapFrame, ACentreThatIsNoNumberIsTheOrigin) {
-    for (const Position centre : {Position{none, 10}, Position{10, none}, Position{none, none}}) {
+    for (const Position centre : {Position{none, 10}, Position{10, none}, Position{none, none},
+                                  Position{1e300, 0}, Position{0, -1.7e308}}) {
         const auto place = MapFrame({.centre = centre}).placeAt(MapFrame::middle);
         ASSERT_TRUE(place);
         EXPECT_EQ(*place, Position());
