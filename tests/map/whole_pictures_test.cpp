@@ -121,8 +121,9 @@ TEST_P(WholePictureTest, IsAsItWas) {
             continue;
         EXPECT_EQ(tally.shapes, row->number("shapes"));
         EXPECT_EQ(static_cast<double>(tally.points), row->number("points"));
-        EXPECT_NEAR(tally.x, row->number("x"), 0.1);
-        EXPECT_NEAR(tally.y, row->number("y"), 0.1);
+        const double tolerance = tally.points < 1000 ? 0.002 : 0.1;
+        EXPECT_NEAR(tally.x, row->number("x"), tolerance);
+        EXPECT_NEAR(tally.y, row->number("y"), tolerance);
         EXPECT_NEAR(tally.sizes, row->number("sizes"), 0.001);
     }
 }
