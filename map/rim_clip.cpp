@@ -122,7 +122,6 @@ void RimClip::addRing(std::span<const Direction> places) {
         m_whole.push_back(std::move(points));
     } else {
         RimChain& chain = m_chains[firstChain];
-        chain.startsAtRim = true;
         chain.startAzimuth = m_chains.back().startAzimuth;
         chain.points.insert(chain.points.begin(), points.begin(), points.end());
     }
@@ -206,12 +205,10 @@ void RimClip::walkInside(const Vertex& from, const Vertex& to, int halvings) {
 
 void RimClip::enter(const Vertex& crossing) {
     start(crossing);
-    m_chains.back().startsAtRim = true;
     m_chains.back().startAzimuth = std::atan2(crossing.east, crossing.north);
 }
 
 void RimClip::leave(const Vertex& crossing) {
-    m_chains.back().endsAtRim = true;
     m_chains.back().endAzimuth = std::atan2(crossing.east, crossing.north);
     m_isOpen = false;
 }

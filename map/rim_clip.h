@@ -11,7 +11,6 @@ namespace orbisgrid {
 /// A part of a line that is within the rim.
 struct RimChain {
     Picture::Polyline points;
-    bool startsAtRim = false, endsAtRim = false;
     double startAzimuth{}, endAzimuth{}; ///< of what is at the rim: radians, -pi to pi
 };
 
