@@ -1,5 +1,7 @@
 #include "ui/read_out_label.h"
 
+#include <algorithm>
+
 namespace orbisgrid {
 
 namespace {
