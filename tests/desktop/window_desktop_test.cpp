@@ -78,15 +78,17 @@ protected:
             .output;
     }
 
+    /// How many windows the program has, menus among them.
+    static std::string windowCount() {
+        return shell("xwininfo -root -tree | grep -c orbisgrid").output;
+    }
+
     /// Right-clicks down the left half of the window until the locator box answers with its menu.
     bool openMenuWithTheMouse() const {
-        const auto windows = [] {
-            return shell("xwininfo -root -tree | grep -c orbisgrid").output;
-        };
-        const std::string before = windows();
+        const std::string before = windowCount();
         for (int y = 120; y < 260; y += 20) {
             xdotool("mousemove --window " + m_window + " 150 " + std::to_string(y) + " click 3");
-            if (test::waitUntil([&] { return windows() != before; }, 1))
+            if (test::waitUntil([&] { return windowCount() != before; }, 1))
                 return true;
         }
         return false;
@@ -356,15 +358,20 @@ TEST_F(WindowDesktopTest, TheMapOfThePathIsUsedWithKeys) {
     key("shift+Left"); // 10 degrees to the left, and farther away
     key("shift+Up");
     key("Return");
-    key("Menu");
-    key("Up"); // Save picture...
-    key("Up"); // Copy picture
-    key("Return");
     const auto copied = [](const std::string& kind) {
         return shell("timeout 20 xclip -o -selection clipboard -t " + kind + " 2>/dev/null").output;
     };
-    EXPECT_TRUE(
-        test::waitUntil([&] { return copied("TARGETS").find("svg") != std::string::npos; }, 30));
+    const auto isCopied = [&] { return copied("TARGETS").find("svg") != std::string::npos; };
+    for (int attempt = 0; attempt < 10 && !isCopied(); ++attempt) {
+        const std::string before = windowCount();
+        key("Menu");
+        test::waitUntil([&] { return windowCount() != before; }, 5);
+        key("Up"); // Save picture...
+        key("Up"); // Copy picture
+        key("Return");
+        test::waitUntil(isCopied, 2);
+    }
+    EXPECT_TRUE(isCopied());
     EXPECT_TRUE(copied("image/png").starts_with("\x89PNG"));
     const std::string svg = copied("image/svg+xml");
     EXPECT_TRUE(svg.starts_with("<?xml")) << svg.substr(0, 100);

@@ -78,7 +78,12 @@ private Q_SLOTS:
         m_map = std::make_unique<test::OpenedMap>();
         m_map->open(LocatorPair{u"JO20AW", u"FN42AA"});
         m_map->view().setFocus();
-        QTest::qWait(200); // until all is said that belongs to opening it
+        // Until all is said that belongs to opening it.
+        QVERIFY(QTest::qWaitFor([&] { return !m_heard.isEmpty(); }));
+        for (qsizetype before = 0; before != m_heard.size();) {
+            before = m_heard.size();
+            QTest::qWait(300);
+        }
         m_heard.clear();
     }
 
