@@ -139,6 +139,20 @@ private Q_SLOTS:
         QCOMPARE(m_main->items("cmbTarget"), QStringList{QStringLiteral("FN42AA")});
     }
 
+    void aDoubleClickIsCalculatedAndRemembered() {
+        m_main->type("txtHome", QStringLiteral("JO20AW"));
+        m_main->click("cmdShowPathMap");
+        const QPoint place = view().rect().center() + QPoint(60, -40);
+        QTest::mouseClick(&view(), Qt::LeftButton, {}, place);
+        const QString readOut = m_main->text("lblPlace");
+        QTest::mouseDClick(&view(), Qt::LeftButton, {}, place);
+        const QString locator = readOut.left(6);
+        QCOMPARE(m_main->text("txtTarget"), locator);
+        QCOMPARE(m_main->items("cmbTarget"), QStringList{locator});
+        QVERIFY(m_main->text("lblPath").startsWith(QStringLiteral("JO20AW to ") + locator + u':'));
+        QVERIFY(m_main->text("lblDistKm").endsWith(QStringLiteral(" Km")));
+    }
+
     void aSingleClickChangesNothingThatIsRemembered() {
         calculate();
         m_main->click("cmdShowPathMap");
