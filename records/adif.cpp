@@ -177,21 +177,12 @@ private:
     /// Where the line ends that has nothing behind `end`; else `end`.
     std::optional<std::size_t> withLineEnd(std::size_t end) const;
 
-    /// Whether the next tag, or nothing, follows at `end` behind white space alone; nothing where
-    /// more bytes decide.
-    std::optional<bool> endsWell(std::size_t end) const {
-        const std::size_t next =
-            std::min(m_bytes.find_first_not_of(" \t\r\n", end), m_bytes.size());
-        if (next == m_bytes.size())
-            return m_isWhole ? std::optional(true) : std::nullopt;
-        return m_bytes[next] == '<';
-    }
+    /// How well a value may end somewhere.
+    enum class Fit { bad, possible, good };
 
-    /// Whether a value may end before the byte at `end`.
-    bool isPlausible(std::size_t end) const {
-        return end == m_bytes.size() ||
-               (end < m_bytes.size() && (m_bytes[end] == '<' || isWhiteSpace(m_bytes[end])));
-    }
+    /// Good where the next tag, or nothing, follows behind white space alone; possible before any
+    /// other white space. Nothing where more bytes decide.
+    std::optional<Fit> fitOf(std::size_t end) const;
 
     std::optional<std::size_t> endOfValue(std::size_t first, std::size_t length) const;
 
@@ -252,31 +243,36 @@ bool Scan::takeValue(const Tag& tag) {
     return true;
 }
 
+std::optional<Scan::Fit> Scan::fitOf(std::size_t end) const {
+    if (end >= m_bytes.size()) {
+        if (!m_isWhole)
+            return std::nullopt;
+        return end == m_bytes.size() ? Fit::good : Fit::bad;
+    }
+    const std::size_t next = m_bytes.find_first_not_of(" \t\r\n", end);
+    if (next == none)
+        return m_isWhole ? std::optional(Fit::good) : std::nullopt;
+    if (m_bytes[next] == '<')
+        return Fit::good;
+    return next > end ? Fit::possible : Fit::bad;
+}
+
 std::optional<std::size_t> Scan::endOfValue(std::size_t first, std::size_t length) const {
     if (length <= longestRecord) {
-        const std::size_t end = first + length;
-        if (end >= m_bytes.size() && !m_isWhole)
+        const auto byBytes = fitOf(first + length);
+        if (!byBytes)
             return std::nullopt;
-        const bool isPossible = isPlausible(end);
-        const auto isGood = isPossible ? endsWell(end) : std::optional(false);
-        if (!isGood)
-            return std::nullopt;
-        if (*isGood)
-            return end;
-        // It may count characters, of which some have more than a byte.
+        if (*byBytes == Fit::good)
+            return first + length;
+        // The length may count characters, of which some have more than a byte.
         const std::size_t size = bytesOfCharacters(m_bytes.substr(first), length);
-        if (size == none && !m_isWhole)
+        const auto byCharacters = fitOf(size == none ? none : first + size);
+        if (!byCharacters)
             return std::nullopt;
-        if (size != none && size != length) {
-            const auto isBetter =
-                isPlausible(first + size) ? endsWell(first + size) : std::optional(false);
-            if (!isBetter)
-                return std::nullopt;
-            if (*isBetter || (!isPossible && isPlausible(first + size)))
-                return first + size;
-        }
-        if (isPossible)
-            return end;
+        if (*byCharacters > *byBytes)
+            return first + size;
+        if (*byBytes == Fit::possible)
+            return first + length;
     }
     const auto next = nextTag(m_bytes, first, m_isWhole);
     if (!next)
