@@ -89,7 +89,7 @@ Picture::Polyline RimLinks::ringFrom(std::size_t chain, bool areEvenArcsInside,
             appendRim(points, arc.from, arc.to);
             at = (out + 1) % count;
         } else {
-            at = (out + count - 1) % count;
+            at = (out == 0 ? count : out) - 1;
             const Arc arc = arcBehind(at);
             appendRim(points, arc.to, arc.from);
         }

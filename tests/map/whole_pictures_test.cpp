@@ -1,5 +1,5 @@
-// Whole pictures as they are: what they show is proved elsewhere, for each kind of shape by itself.
-// Here a change of any of their numbers is seen, and with it that all of them fit together.
+// What pictures show is proved elsewhere, for each kind of shape by itself. Here a change of any of
+// their numbers is seen, wanted or not.
 
 #include "geodesy/great_circle.h"
 #include "geodesy/locator_check.h"
@@ -107,7 +107,7 @@ std::string rowOf(const std::string& view, Role role, const Tally& tally) {
 
 class WholePictureTest : public testing::TestWithParam<Row> {};
 
-TEST_P(WholePictureTest, IsAsItWas) {
+TEST_P(WholePictureTest, HoldsTheseNumbers) {
     const TallyMaker made = tallyOf(GetParam());
     const std::vector<Row> rows = test::readTable("map_pictures.tsv");
     for (const Role role : everyRole()) {
