@@ -10,7 +10,7 @@ Everything happens in build-mutation; the sources are only read. A change that d
 not count, and an empty starting value ("{}") is not changed. Survivors are compared with
 docs/mutation.md, which says of each why it changes nothing that can be observed. Exit status: 0
 where every survivor is explained there, everything that is explained there has survived, and of all
-changes of all rooms at least 90 of 100 are killed.
+changes of all rooms at least 95 of 100 are killed.
 """
 
 import argparse
@@ -311,7 +311,7 @@ def main():
         outcomes = pool.map(lambda item: outcome(item[0], *item[1]), enumerate(work))
         is_whole = options.places == ROOMS and not options.again
         return 0 if report(names, outcomes, [] if options.again else paths,
-                           90 if is_whole else 0) else 1
+                           95 if is_whole else 0) else 1
 
 
 if __name__ == "__main__":
