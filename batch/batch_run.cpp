@@ -6,13 +6,16 @@
 
 #include <cerrno>
 #include <tuple>
+#include <utility>
 
 namespace orbisgrid {
 
 namespace {
 
-/// So much is written at a time where one block that was read gives more.
-constexpr std::size_t fullBlock = std::size_t{1} << 18U;
+/// So much is written at a time where one block that was read gives more: a quarter of a megabyte.
+bool isFull(std::string_view block) {
+    return block.size() >= 262144;
+}
 
 std::string_view unitOf(Format format) {
     switch (format) {
@@ -53,8 +56,8 @@ private:
     ByteSource& m_source;
 };
 
-BatchRun::BatchRun(const RunOptions& options, Task& task, RunSinks sinks, Progress& progress)
-    : m_options(options)
+BatchRun::BatchRun(RunOptions options, Task& task, RunSinks sinks, Progress& progress)
+    : m_options(std::move(options))
     , m_task(task)
     , m_output(sinks.output)
     , m_messages(sinks.messages)
@@ -143,7 +146,7 @@ bool BatchRun::processRecords(List& list, const std::string& name, bool isJson) 
                 return false;
             }
         }
-        if (m_out.size() >= fullBlock && !flush())
+        if (isFull(m_out) && !flush())
             return false;
     }
 }
@@ -198,7 +201,7 @@ void BatchRun::sayOf(const Record& record, const std::string& name, const Notice
 void BatchRun::say(std::string_view line) {
     m_said += line;
     m_said += '\n';
-    if (m_said.size() >= fullBlock)
+    if (isFull(m_said))
         std::ignore = flush();
 }
 

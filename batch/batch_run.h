@@ -41,7 +41,7 @@ struct RunSinks {
 class BatchRun {
 public:
     /// Everything is kept as a reference.
-    BatchRun(const RunOptions& options, Task& task, RunSinks sinks, Progress& progress);
+    BatchRun(RunOptions options, Task& task, RunSinks sinks, Progress& progress);
 
     BatchRun(const BatchRun&) = delete;
     BatchRun& operator=(const BatchRun&) = delete;
@@ -76,7 +76,7 @@ private:
     void loseOutput(int error);
     Status end();
 
-    const RunOptions& m_options;
+    RunOptions m_options;
     Task& m_task;
     ByteSink& m_output;
     ByteSink& m_messages;
