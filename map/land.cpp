@@ -5,20 +5,22 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 
 namespace orbisgrid {
 
 namespace {
 
 constexpr double pi = std::numbers::pi;
-constexpr double leftOut = 0.15; ///< picture units
+constexpr double leftOut = 0.15;                                    ///< picture units
+constexpr double nowhere = std::numeric_limits<double>::infinity(); ///< more than any cosine
 
 /// How far from the centre points of a detail are left out, as the cosine of the distance: towards
 /// the antipode a kilometre across takes more and more room.
 double whereLeftOut(const MapFrame& frame, double kilometres) {
     const double mostStretch = leftOut * frame.kilometresPerUnit() / kilometres;
     if (mostStretch <= 1)
-        return 2; // nowhere
+        return nowhere;
     double near = 0, far = pi;
     for (int halving = 0; halving < 30; ++halving) {
         const double between = (near + far) / 2;
@@ -35,7 +37,7 @@ public:
         , m_outlines(outlines) {
         for (std::size_t i = 0; i < detailKilometres.size(); ++i)
             m_leftOut.at(i) = whereLeftOut(frame, detailKilometres.at(i));
-        m_leftOut.back() = 2;
+        m_leftOut.back() = nowhere;
     }
 
     /// Whether something of it can be within the rim.

@@ -85,14 +85,14 @@ public:
     std::vector<Direction> places(const Cells& cells) {
         m_places.assign(1, directionOf({m_latitude, static_cast<double>(cells.west)}));
         for (int west = cells.west; west < cells.east; west += cells.width)
-            add(west, west + cells.width, 24);
+            add(west, west + cells.width);
         return std::move(m_places);
     }
 
 private:
     /// The height of the arc between the parallel and the great circle is an eighth of the square
     /// of the longitudes between, times sine and cosine of the latitude; the map stretches it.
-    void add(double from, double to, int halvings) {
+    void add(double from, double to) {
         const Direction end = directionOf({m_latitude, to});
         const Direction middle = directionOf({m_latitude, (from + to) / 2});
         const double turn = (to - from) * radian;
@@ -100,12 +100,12 @@ private:
         const double distance = std::min(pi, angleBetween(middle, m_zenith) + halfLength);
         const double height = m_bulge * turn * turn * m_unitsPerRadian;
         // distance / sine is the stretch
-        if (halvings == 0 || height * distance <= RimClip::tolerance * std::sin(distance)) {
+        if (height * distance <= RimClip::tolerance * std::sin(distance)) {
             m_places.push_back(end);
             return;
         }
-        add(from, (from + to) / 2, halvings - 1);
-        add((from + to) / 2, to, halvings - 1);
+        add(from, (from + to) / 2);
+        add((from + to) / 2, to);
     }
 
     Direction m_zenith;

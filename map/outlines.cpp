@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 namespace orbisgrid {
 
@@ -13,7 +12,6 @@ constexpr std::size_t checksumLength = 4;
 constexpr std::int64_t unitsInDegree = 400;
 constexpr std::int64_t mostLatitude = 90 * unitsInDegree;
 constexpr std::int64_t halfTurn = 180 * unitsInDegree;
-constexpr double quarterTurn = std::numbers::pi / 2;
 
 std::uint8_t byteAt(std::string_view bytes, std::size_t index) {
     return static_cast<std::uint8_t>(bytes[index]);
@@ -177,8 +175,6 @@ bool Outlines::isLand(const Direction& place) const {
     const auto eastOf = [&](const Direction& point) { return point.y * cosine - point.x * sine; };
     bool isInside = false;
     for (const Line& coast : m_coasts) {
-        if (coast.reach < quarterTurn && std::fabs(eastOf(coast.middle)) > std::sin(coast.reach))
-            continue; // all of it is on one side of the meridian's plane
         const auto points = pointsOf(coast);
         const Direction* from = &points.back();
         double fromEast = eastOf(*from);

@@ -3,6 +3,7 @@
 #include "map/rim_links.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <iterator>
 #include <numbers>
@@ -138,10 +139,10 @@ void RimClip::walk(const Vertex& from, const Vertex& to) {
         walk(between, to);
         return;
     }
-    // To the rim and back it is farther than between the two: an arc is at most pi / 2 chords, and
-    // the cosine changes less than the angle.
-    const double toRim = std::fabs(from.up - m_limit) + std::fabs(to.up - m_limit);
-    if (from.isInside != to.isInside || toRim * toRim <= pi * pi / 4 * chord)
+    // From one to the rim and on to the other takes the sum of both at least, as the cosine changes
+    // less than the angle; the sum of two is at least twice the root of their product, and an arc
+    // is shorter than two chords. On different sides of the rim the product is negative.
+    if ((from.up - m_limit) * (to.up - m_limit) <= chord)
         walkAcross(from, to);
     else if (from.isInside)
         walkInside(from, to);
@@ -188,19 +189,20 @@ bool RimClip::isStraight(const Vertex& from, const Vertex& to) const {
     // by a quarter more at the end of an edge that is straight by this bound, as it is short beside
     // its distance from the antipode (a twentieth). An arc's height is an eighth of that.
     const double bend = farther.distance - farther.outwards * farther.up;
-    return 1.155 * 1.25 / 8 * chord * m_unitsPerRadian * bend <=
-           tolerance * farther.outwards * farther.outwards;
+    // So that halving ends, an edge whose ends are no numbers is straight.
+    return !(1.155 * 1.25 / 8 * chord * m_unitsPerRadian * bend >
+             tolerance * farther.outwards * farther.outwards);
 }
 
-void RimClip::walkInside(const Vertex& from, const Vertex& to, int halvings) {
-    if (halvings == 0 || isStraight(from, to)) {
+void RimClip::walkInside(const Vertex& from, const Vertex& to) {
+    if (isStraight(from, to)) {
         m_chains.back().points.push_back(to.point);
         return;
     }
     Vertex middle = vertexAt(normalised(combined(from.place, 1, to.place, 1)));
     locate(middle); // rounding may have put it beyond the rim
-    walkInside(from, middle, halvings - 1);
-    walkInside(middle, to, halvings - 1);
+    walkInside(from, middle);
+    walkInside(middle, to);
 }
 
 void RimClip::enter(const Vertex& crossing) {
@@ -223,15 +225,14 @@ std::vector<Picture::Polyline> RimClip::lines() && {
 
 bool RimClip::isArcInside(double from, double to, const IsInside& isInside) const {
     const Azimuthal& projection = m_frame.projection();
-    int votes = 0; // an islet that was too small to be added has one at most
-    for (const double part : {0.25, 0.5, 0.75}) {
+    constexpr std::array parts{0.25, 0.5, 0.75};
+    const auto count = std::count_if(parts.begin(), parts.end(), [&](double part) {
         const double azimuth = from + (to - from) * part;
         const Direction across =
             combined(projection.east(), std::sin(azimuth), projection.north(), std::cos(azimuth));
-        const Direction place = combined(projection.zenith(), m_limit, across, std::sin(m_reach));
-        votes += isInside(place) ? 1 : -1;
-    }
-    return votes > 0;
+        return isInside(combined(projection.zenith(), m_limit, across, std::sin(m_reach)));
+    });
+    return count >= 2; // an islet that was too small to be added holds one at most
 }
 
 std::vector<Picture::Polyline> RimClip::area(const IsInside& isInside) && {

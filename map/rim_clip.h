@@ -58,7 +58,7 @@ private:
     void start(const Vertex& vertex);
     void walk(const Vertex& from, const Vertex& to);
     void walkAcross(const Vertex& from, const Vertex& to);
-    void walkInside(const Vertex& from, const Vertex& to, int halvings = 30);
+    void walkInside(const Vertex& from, const Vertex& to);
     [[nodiscard]] bool isStraight(const Vertex& from, const Vertex& to) const;
     void enter(const Vertex& crossing);
     void leave(const Vertex& crossing);

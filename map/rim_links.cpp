@@ -40,16 +40,13 @@ RimLinks::Arc RimLinks::arcBehind(std::size_t crossing) const {
 }
 
 std::size_t RimLinks::widest() const {
-    std::size_t found{};
-    double most{};
+    std::vector<double> widths;
     for (std::size_t i = 0; i < m_crossings.size(); ++i) {
         const Arc arc = arcBehind(i);
-        if (arc.to - arc.from > most) {
-            most = arc.to - arc.from;
-            found = i;
-        }
+        widths.push_back(arc.to - arc.from);
     }
-    return found;
+    return static_cast<std::size_t>(std::max_element(widths.begin(), widths.end()) -
+                                    widths.begin());
 }
 
 RimLinks::Arc RimLinks::widestArc() const {

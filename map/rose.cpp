@@ -39,7 +39,7 @@ Text wholeText(double value) {
 
 std::vector<double> ringKilometres(double radiusKilometres) {
     constexpr std::size_t fewest = 3, most = 6;
-    constexpr std::array<double, 8> steps{5000, 2000, 1000, 500, 200, 100, 50, 20};
+    constexpr std::array steps{5000.0, 2000.0, 1000.0, 500.0, 200.0, 100.0, 50.0, 20.0};
     const double outermost = radiusKilometres * 0.99;
     // The widest step that gives three; where it gives seven, the last one would lie within an
     // eighth of the rim.
@@ -71,11 +71,9 @@ std::vector<Picture::Label> cardinalsOf(const MapFrame& frame) {
 
 std::vector<Picture::Label> bearingsOf(const MapFrame& frame) {
     std::vector<Picture::Label> labels;
-    for (int degrees = 30; degrees < 360; degrees += 30) {
-        if (degrees % 90 != 0)
-            labels.push_back(
-                bearingLabel(frame, Role::bearingLabel, degrees, wholeText(degrees) + u"°"));
-    }
+    for (const int degrees : {30, 60, 120, 150, 210, 240, 300, 330})
+        labels.push_back(
+            bearingLabel(frame, Role::bearingLabel, degrees, wholeText(degrees) + u"°"));
     return labels;
 }
 

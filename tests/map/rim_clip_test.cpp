@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <numbers>
+#include <set>
 
 namespace orbisgrid {
 
@@ -257,6 +258,22 @@ TEST(RimClip, ARingAroundTheAntipodeLeavesItsInsideAtTheRim) {
     EXPECT_TRUE(isFilled(rings, frame.pointOf(Position{3, -178})));
     EXPECT_FALSE(isFilled(rings, frame.pointOf(Position{0, 170})));
     EXPECT_FALSE(isFilled(rings, MapFrame::middle));
+}
+
+TEST(RimClip, AnIsletAtTheRimDoesNotDecideForAllOfIt) {
+    // Three places of the rim are asked where no ring meets it.
+    const auto ringsWhere = [](std::set<int> inside) {
+        int asked = 0;
+        return clippedArea(frameAt({0, 0}, 20 * degree), {},
+                           [&](const Direction&) { return inside.contains(asked++); });
+    };
+    for (const int islet : {0, 1, 2})
+        EXPECT_TRUE(ringsWhere({islet}).empty()) << islet;
+    for (const int lake : {0, 1, 2}) {
+        std::set<int> land{0, 1, 2};
+        land.erase(lake);
+        EXPECT_EQ(ringsWhere(land).size(), 1U) << lake;
+    }
 }
 
 TEST(RimClip, ARingOutsideOfTheCentreIsFilledInside) {
