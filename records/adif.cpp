@@ -244,11 +244,8 @@ bool Scan::takeValue(const Tag& tag) {
 }
 
 std::optional<Scan::Fit> Scan::fitOf(std::size_t end) const {
-    if (end >= m_bytes.size()) {
-        if (!m_isWhole)
-            return std::nullopt;
-        return end == m_bytes.size() ? Fit::good : Fit::bad;
-    }
+    if (end > m_bytes.size())
+        return m_isWhole ? std::optional(Fit::bad) : std::nullopt;
     const std::size_t next = m_bytes.find_first_not_of(" \t\r\n", end);
     if (next == none)
         return m_isWhole ? std::optional(Fit::good) : std::nullopt;

@@ -21,6 +21,13 @@ TEST_P(GuessedFormatTest, LooksAtTheFirstBytes) {
 INSTANTIATE_TEST_SUITE_P(Rows, GuessedFormatTest,
                          testing::ValuesIn(test::readTable("records_format.tsv")), test::testName);
 
+TEST(GuessedFormat, LooksAtNoMoreThanItIsGiven) {
+    const std::array<std::string_view, 1> columns{"gridsquare"};
+    const std::string_view bytes = "call,gridsquare_ext,other\n";
+    EXPECT_EQ(guessedFormat(bytes.substr(0, 15), columns), Format::csv);
+    EXPECT_EQ(guessedFormat(bytes, columns), Format::lines);
+}
+
 TEST(FormatNamed, KnowsEachByItsName) {
     for (const Format format :
          {Format::lines, Format::csv, Format::tsv, Format::adif, Format::json})
