@@ -89,7 +89,7 @@ private:
             add(Kind::letter, character);
             return true;
         case u'+':
-            add(Kind::sign, u'+');
+            add(Kind::sign, character);
             return true;
         case u'-':
         case u'−':

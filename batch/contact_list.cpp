@@ -1,6 +1,5 @@
 #include "batch/contact_list.h"
 
-#include <cstdint>
 #include <vector>
 
 namespace orbisgrid {
@@ -15,11 +14,6 @@ constexpr std::size_t longest = 10;
 /// Whether a field is about the other station, wherever the position of a result comes from.
 bool isOfContact(std::string_view name) {
     return name == "GRIDSQUARE" || name == "GRIDSQUARE_EXT" || name == "LAT" || name == "LON";
-}
-
-/// Stands for the length of a name.
-std::uint32_t lengthBit(std::string_view name) {
-    return std::uint32_t{1} << (name.size() % 32);
 }
 
 /// The name that an option gives to a field, in capitals; else its usual one.
@@ -37,18 +31,13 @@ ContactList::ContactList(RecordWindow& window, Task& task, const ListOptions& op
                {"GRIDSQUARE_EXT", {}},
                {"LAT", {}},
                {"LON", {}},
-               {"ANT_PATH", {}}}} {
-    for (const AskedField& asked : m_asked)
-        m_lengths |= lengthBit(asked.name);
-}
+               {"ANT_PATH", {}}}} {}
 
-/// One pass for all of them: most of a contact's fields are others, which their lengths tell.
+/// One pass for all of them.
 void ContactList::findFields() {
     for (AskedField& asked : m_asked)
         asked.value = {};
     for (const Field& field : record().fields) {
-        if ((m_lengths & lengthBit(field.name)) == 0)
-            continue;
         for (AskedField& asked : m_asked) {
             // Without white space, which a length that is too large has in it.
             if (asked.value.empty() && isNamed(field, asked.name))

@@ -4,7 +4,6 @@
 #include "records/adif.h"
 
 #include <array>
-#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -36,8 +35,7 @@ private:
 
     AdifReader m_reader;
     std::array<AskedField, 6> m_asked;
-    std::uint32_t m_lengths{}; ///< of their names: a bit for each
-    std::string m_target;      ///< of two of them
+    std::string m_target; ///< of two of them
     ContactFields m_fields;
 };
 

@@ -90,8 +90,7 @@ bool DistanceTask::takeHome(std::string_view locator) {
 std::optional<LocatorPath> DistanceTask::pathTo(const Question& question, TextView target) const {
     Position to;
     if (question.place) {
-        to = {static_cast<float>(question.place->latitude),
-              static_cast<float>(question.place->longitude)};
+        to = *question.place;
     } else {
         const auto checked = hasAcceptedLength(target) ? checkedTarget(target) : std::nullopt;
         if (!checked)

@@ -14,7 +14,8 @@ std::string printable(std::string_view text) {
     // The control characters beyond ASCII, as UTF-8 has them.
     for (std::size_t at = line.find('\xC2'); at != std::string::npos;
          at = line.find('\xC2', at + 1)) {
-        if (at + 1 < line.size() && (static_cast<std::uint8_t>(line[at + 1]) & 0xE0U) == 0x80)
+        // Behind a text stands a zero.
+        if ((static_cast<std::uint8_t>(line[at + 1]) & 0xE0U) == 0x80)
             line.replace(at, 2, "?");
     }
     return line;

@@ -119,10 +119,10 @@ Invocation InvocationReader::read(std::span<char* const> arguments) {
     std::vector<char*> words(arguments.begin(), arguments.end());
     words.push_back(nullptr);
     optind = 0; // to begin anew
-    opterr = 0; // what is wrong is said here
     while (m_call.wrong.empty() && m_call.shown.empty()) {
         // One thread and one call of the program: its variables are nobody else's.
         const int found = ::getopt_long(static_cast<int>(arguments.size()), words.data(),
+                                        // The colon: what is wrong is said here.
                                         ":o:", // NOLINT(concurrency-mt-unsafe)
                                         options.data(), nullptr);
         if (found == -1)

@@ -1,5 +1,6 @@
 #include "batch/program.h"
 
+#include "batch/input.h"
 #include "batch/message_text.h"
 #include "batch/options.h"
 #include "platform/byte_stream.h"
@@ -17,48 +18,13 @@ namespace orbisgrid {
 
 namespace {
 
-constexpr int standardInput = 0;
 constexpr int standardOutput = 1;
 constexpr int standardError = 2;
 
-/// A file that is open.
-class FileSource : public ByteSource {
-public:
-    explicit FileSource(FileDescriptor file)
-        : m_file(std::move(file)) {}
-
-    std::optional<std::size_t> read(std::span<char> room) override {
-        return readNext(m_file, room);
-    }
-
-    const FileDescriptor& file() const { return m_file; }
-
-private:
-    FileDescriptor m_file;
-};
-
-FileDescriptor opened(const std::string& name) {
-    return name == "-" ? FileDescriptor(standardInput) : openToRead(name);
-}
-
-/// The bytes of all files; nothing where one does not say.
-std::optional<std::uint64_t> totalOf(const std::vector<std::string>& names) {
-    std::uint64_t total = 0;
-    for (const std::string& name : names) {
-        // Its own descriptor: the one of the standard input is needed again.
-        const FileDescriptor file = openToRead(name == "-" ? "/dev/stdin" : name);
-        const auto size = file ? sizeOf(file) : std::nullopt;
-        if (!size)
-            return std::nullopt;
-        total += *size;
-    }
-    return total;
-}
-
 void processAll(const Invocation& call, BatchRun& run) {
     for (const std::string& name : call.files) {
-        FileSource source(opened(name));
-        if (!source.file()) {
+        FileSource source(name);
+        if (!source.isOpen()) {
             run.fail(name, reasonOf(errno));
             return;
         }

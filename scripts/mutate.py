@@ -50,8 +50,8 @@ PROGRAMS = {
     "settings": [["tests/settings/*.cpp"]],
     "panels": [["tests/panels/*.cpp"]],
     "records": [["tests/records/*.cpp"], ["tests/batch/made_log_test.cpp"]],
-    "batch": [["tests/batch/batch_run_test.cpp", "tests/batch/[cop]*_test.cpp",
-               "tests/batch/distance_test.cpp", "tests/batch/map_task_test.cpp"],
+    "batch": [["tests/batch/batch_run_test.cpp", "tests/batch/[ciop]*_test.cpp",
+               "tests/batch/distance_test.cpp", "tests/batch/m[ae][ps]*_test.cpp"],
               ["tests/batch/batch_program_test.cpp", "tests/support/child.cpp"]],
 }
 # What the last of them runs: in the folder that they all run in.

@@ -4,6 +4,7 @@
 #include "tests/support/table.h"
 
 #include <algorithm>
+#include <set>
 #include <sstream>
 
 namespace orbisgrid {
@@ -153,6 +154,15 @@ TEST(Help, FitsAScreen) {
         for (std::string line; std::getline(lines, line);)
             EXPECT_LE(fromUtf8(line).size(), 80U) << line;
     }
+}
+
+TEST(Help, NamesTheArgumentOfAnOptionThatHasOne) {
+    std::set<std::string> written;
+    for (const OptionRow& option : optionTable())
+        written.insert(syntaxOf(option));
+    for (const char* syntax : {"--home LOCATOR", "-o FILE", "--quiet"})
+        EXPECT_TRUE(written.contains(syntax)) << syntax;
+    EXPECT_NE(helpText(Command::distance).find("\n      --home LOCATOR  "), std::string::npos);
 }
 
 TEST(Help, SaysWhatACommandIsForAndWhatItReads) {
