@@ -18,7 +18,9 @@ bool isOfContact(std::string_view name) {
 
 /// The name that an option gives to a field, in capitals; else its usual one.
 std::string nameOr(const std::string& option, const char* usual) {
-    return option.empty() ? usual : inCapitals(option);
+    if (option.empty())
+        return usual;
+    return inCapitals(option);
 }
 
 } // namespace

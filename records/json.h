@@ -11,7 +11,8 @@ namespace orbisgrid {
 class MemberNames {
 public:
     /// None but `reserved`, which is given to nobody.
-    explicit MemberNames(std::string reserved) { m_taken.insert(std::move(reserved)); }
+    explicit MemberNames(std::string reserved)
+        : m_taken{std::move(reserved)} {}
 
     /// `name` where it is free; otherwise with the first free number from 2 on: "name_2". It is
     /// taken then.

@@ -34,7 +34,8 @@ def main():
     output = run("gcovr", "--root", ".", "--object-directory", "build-coverage", *filters,
                  "--exclude-throw-branches", "--exclude-unreachable-branches", "--json",
                  stdout=subprocess.PIPE, stderr=subprocess.DEVNULL).stdout
-    explained = (ROOT / "docs" / "coverage.md").read_text(encoding="utf-8")
+    page = (ROOT / "docs" / "coverage.md").read_text(encoding="utf-8")
+    explained = page[:page.index("\n## Conditions ")]  # what follows is for scripts/mcdc.py
     lines = branches = unexplained = 0
     met = set()
     for file in json.loads(output)["files"]:
