@@ -60,7 +60,7 @@ Arc arcAt(const Ends& ends, double lambda, double sinSigma) {
     const double sigma = Atan2(cosSigma, sinSigma); // the direction of (cosSigma, sinSigma)
     const double sinAlpha = U1.cosine * U2.cosine * std::sin(lambda) / sinSigma;
     const double cosSqAlpha = 1 - sinAlpha * sinAlpha;
-    double cos2SigmaM = 0;
+    double cos2SigmaM{};
     if (cosSqAlpha != 0) // 0: a line along the equator
         cos2SigmaM = cosSigma - 2 * U1.sine * U2.sine / cosSqAlpha;
     const double C = f / 16 * cosSqAlpha * (4 + f * (4 - 3 * cosSqAlpha));

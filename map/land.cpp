@@ -6,6 +6,7 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <numeric>
 
 namespace orbisgrid {
 
@@ -22,10 +23,10 @@ double whereLeftOut(const MapFrame& frame, double kilometres) {
     if (mostStretch <= 1)
         return nowhere;
     double near = 0, far = pi;
-    for (int halving = 0; halving < 30; ++halving) {
-        const double between = (near + far) / 2;
+    // Until no number lies between the two.
+    for (double between = std::midpoint(near, far); near < between && between < far;
+         between = std::midpoint(near, far))
         (between / std::sin(between) <= mostStretch ? near : far) = between;
-    }
     return std::cos(near);
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace orbisgrid {
 
@@ -114,7 +115,7 @@ private:
     }
 
     void findCap(Outlines::Line& line) const {
-        constexpr double unknown = 4; // more than any distance
+        constexpr double unknown = std::numeric_limits<double>::infinity();
         const auto points = m_outlines.pointsOf(line);
         Direction sum;
         for (const Direction& point : points)

@@ -54,9 +54,9 @@ struct Tag {
     };
 
     Kind kind = Kind::text;
-    std::string_view name;
+    std::string_view name{};
     std::size_t length = 0; ///< of the value
-    std::size_t size = 0;   ///< of the tag
+    std::size_t size{};     ///< of the tag
 };
 
 Tag::Kind kindWithoutLength(std::string_view name) {
@@ -86,7 +86,7 @@ public:
     }
 
 private:
-    Tag undecided() const { return m_isWhole ? Tag{} : Tag{Tag::Kind::undecided, {}, 0, 0}; }
+    Tag undecided() const { return m_isWhole ? Tag{} : Tag{.kind = Tag::Kind::undecided}; }
 
     Tag ended(Tag::Kind kind) {
         m_tag.kind = kind;
@@ -191,7 +191,7 @@ private:
     bool m_isWhole;
     bool m_isHeader = false;
     std::size_t m_at = 0;
-    std::size_t m_content = 0;
+    std::size_t m_content{};
 };
 
 std::optional<std::size_t> Scan::run() {
@@ -282,7 +282,7 @@ std::optional<std::size_t> Scan::endOfValue(std::size_t first, std::size_t lengt
 
 /// The number that `text` is from end to end, digits with at most one point; nothing else.
 std::optional<double> plainNumber(std::string_view text) {
-    double value = 0;
+    double value{};
     const auto [end, error] =
         std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
     const bool isAll = error == std::errc() && end == text.data() + text.size();
@@ -311,7 +311,7 @@ std::optional<double> coordinateOf(std::string_view text, std::string_view lette
 
 Reading AdifReader::next(Record& record) {
     bool isHeader = false;
-    std::size_t content = 0;
+    std::size_t content{};
     const Reading reading = takeRecord(m_window, record, [&](std::string_view bytes, bool isWhole) {
         Scan scan(record.fields, bytes, isWhole);
         const auto length = scan.run();

@@ -44,12 +44,15 @@ std::string roomOf(const std::string& place) {
 /// is the operating system's or a library's.
 bool isStandardHeader(const std::string& included) {
     static const std::set<std::string> standard{
-        "algorithm", "array",      "cerrno",      "charconv",         "chrono",   "cmath",
-        "csignal",   "cstddef",    "cstdint",     "cstdio",           "cstdlib",  "cstring",
-        "deque",     "filesystem", "functional",  "initializer_list", "iterator", "limits",
-        "map",       "memory",     "numbers",     "optional",         "set",      "span",
-        "stdexcept", "string",     "string_view", "system_error",     "tuple",    "unordered_map",
-        "utility",   "variant",    "vector"};
+        "algorithm",    "array",      "cerrno",        "charconv",
+        "chrono",       "cmath",      "csignal",       "cstddef",
+        "cstdint",      "cstdio",     "cstdlib",       "cstring",
+        "deque",        "filesystem", "functional",    "initializer_list",
+        "iterator",     "limits",     "map",           "memory",
+        "numbers",      "numeric",    "optional",      "set",
+        "span",         "stdexcept",  "string",        "string_view",
+        "system_error", "tuple",      "unordered_map", "utility",
+        "variant",      "vector"};
     return standard.contains(included);
 }
 
