@@ -10,7 +10,7 @@ BUILD_PACKAGES=(g++ cmake ninja-build pkgconf qt6-base-dev qt6-qpa-plugins libxc
 # their windows, and the tools that read the sources.
 TEST_PACKAGES=(libgtest-dev clang clang-format clang-tidy xvfb openbox xdotool xclip
   x11-utils libsm-dev sway wtype wl-clipboard qt6-wayland fonts-dejavu-core librsvg2-bin
-  libgeographiclib-dev direwolf dbus-daemon at-spi2-core)
+  poppler-utils libgeographiclib-dev direwolf dbus-daemon at-spi2-core)
 
 # To make the packages and to check them: ./test and scripts/package.sh.
 PACKING_PACKAGES=(dpkg-dev file)
@@ -36,7 +36,7 @@ declare -A KNOWN_BY=(
   [libxcb1-dev]=lib:xcb [libgtest-dev]=lib:gtest [clang]=clang++ [clang-format]=clang-format
   [clang-tidy]=clang-tidy [xvfb]=Xvfb [openbox]=openbox [xdotool]=xdotool [xclip]=xclip
   [x11-utils]=xprop [libsm-dev]=lib:sm [sway]=sway [wtype]=wtype [wl-clipboard]=wl-copy
-  [librsvg2-bin]=rsvg-convert [libgeographiclib-dev]=lib:geographiclib [direwolf]=decode_aprs
+  [librsvg2-bin]=rsvg-convert [poppler-utils]=pdftoppm [libgeographiclib-dev]=lib:geographiclib [direwolf]=decode_aprs
   [dbus-daemon]=dbus-daemon [dpkg-dev]=dpkg-shlibdeps [file]=file [lintian]=lintian
   [desktop-file-utils]=desktop-file-validate
   [appstream]=appstreamcli [man-db]=lexgrog [shellcheck]=shellcheck [lld]=ld.lld [valgrind]=valgrind

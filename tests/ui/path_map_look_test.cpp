@@ -150,12 +150,15 @@ private Q_SLOTS:
 
     /// Another program's reading of the file, against our own painting of the same picture.
     void theFileAndThePaintingAreTheSame_data() {
+        QTest::addColumn<PictureKind>("kind");
         QTest::addColumn<bool>("isForScreen");
-        QTest::newRow("on paper") << false;
-        QTest::newRow("on a screen") << true;
+        QTest::newRow("SVG, on paper") << PictureKind::svg << false;
+        QTest::newRow("SVG, on a screen") << PictureKind::svg << true;
+        QTest::newRow("PDF") << PictureKind::pdf << false;
     }
 
     void theFileAndThePaintingAreTheSame() {
+        QFETCH(const PictureKind, kind);
         QFETCH(const bool, isForScreen);
         test::OpenedMap map;
         map.open(bostonPath);
@@ -163,17 +166,18 @@ private Q_SLOTS:
         map.press(Qt::Key_Left, Qt::ShiftModifier); // the cross beside the Target
         const QTemporaryDir folder;
         const Picture picture = pathMap(map.view().options());
-        QFile file(folder.filePath(QStringLiteral("map.svg")));
+        QFile file(folder.filePath(QStringLiteral("map")));
         QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(pictureFile(picture, {u"title", u"description"}, PictureKind::svg));
+        file.write(pictureFile(picture, {u"title", u"description"}, kind));
         file.close();
-        const QString png = folder.filePath(QStringLiteral("map.png"));
-        QCOMPARE(test::shell("rsvg-convert --background-color=white -w 2000 -h 2000 '" +
-                             file.fileName().toStdString() + "' -o '" + png.toStdString() + "'")
-                     .status,
-                 0);
+        const std::string reader =
+            kind == PictureKind::pdf
+                ? "pdftoppm -png -singlefile -scale-to-x 2000 -scale-to-y 2000 map read"
+                : "rsvg-convert --background-color=white -w 2000 -h 2000 map -o read.png";
+        QCOMPARE(test::shell("cd '" + folder.path().toStdString() + "' && " + reader).status, 0);
         const QImage painted = isForScreen ? paintedForScreen(picture) : printedImage(picture);
-        const QImage read = QImage(png).convertToFormat(QImage::Format_RGB32);
+        const QImage read = QImage(folder.filePath(QStringLiteral("read.png")))
+                                .convertToFormat(QImage::Format_RGB32);
         QCOMPARE(read.size(), painted.size());
         // Without a label it would be 40 and more, without a line 13 (but for the dotted rings).
         const auto [difference, place] = mostDifferentBlock(read, painted);
