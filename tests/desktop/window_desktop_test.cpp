@@ -346,6 +346,24 @@ TEST_F(WindowDesktopTest, TheMapOfThePathOpensBesideAndCloses) {
     EXPECT_TRUE(test::waitUntil([&] { return !isShown(); }, 30));
 }
 
+TEST_F(WindowDesktopTest, TheMapStaysOnTopWithTheMainWindow) {
+    open();
+    key("alt+s");
+    EXPECT_TRUE(propertyComesTo("_NET_WM_STATE", "_NET_WM_STATE_ABOVE", true));
+    key("F2");
+    const std::string map = waitForWindow("Path on a map");
+    ASSERT_FALSE(map.empty());
+    const auto isAbove = [&map] {
+        return shell("xprop -id " + map + " _NET_WM_STATE").output.find("_NET_WM_STATE_ABOVE") !=
+               std::string::npos;
+    };
+    EXPECT_TRUE(test::waitUntil(isAbove, 30));
+    xdotool("windowfocus --sync " + m_window);
+    key("alt+s");
+    EXPECT_TRUE(propertyComesTo("_NET_WM_STATE", "_NET_WM_STATE_ABOVE", false));
+    EXPECT_TRUE(test::waitUntil([&] { return !isAbove(); }, 30));
+}
+
 /// Without a mouse: the map has the keys as soon as it is there.
 TEST_F(WindowDesktopTest, TheMapOfThePathIsUsedWithKeys) {
     open();
