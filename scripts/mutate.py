@@ -34,6 +34,7 @@ PLATFORM = ["platform/byte_stream.cpp", "platform/environment.cpp", "platform/fi
             "platform/paths.cpp", "platform/program_folder.cpp", "platform/safe_file.cpp"]
 MAIN = "batch/main.cpp"
 SECONDS = 40  # the slowest of these programs takes eight
+BYTES = 1 << 30  # a change that makes something endless fills the memory before its time is over
 
 # The programs that look at a room, the quickest first.
 PROGRAMS = {
@@ -213,7 +214,8 @@ def is_noticed(room, changed, program):
             make_executable(program.parent, changed)
         link(program, expanded(patterns) + library(), changed)
         try:
-            if run([str(program), "--gtest_fail_fast"], timeout=SECONDS, cwd=program.parent) != 0:
+            if run(["prlimit", f"--as={BYTES}", str(program), "--gtest_fail_fast"],
+                   timeout=SECONDS, cwd=program.parent) != 0:
                 return True
         except subprocess.TimeoutExpired:
             return True
