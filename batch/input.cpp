@@ -2,11 +2,19 @@
 
 #include "platform/byte_stream.h"
 
+#include <algorithm>
+
 namespace orbisgrid {
 
 namespace {
 
 constexpr int standardInput = 0;
+
+std::string pathOf(const std::string& name) {
+    if (name == "-")
+        return "/dev/stdin";
+    return name;
+}
 
 } // namespace
 
@@ -20,14 +28,20 @@ std::optional<std::size_t> FileSource::read(std::span<char> room) {
 std::optional<std::uint64_t> totalOf(const std::vector<std::string>& names) {
     std::uint64_t total{};
     for (const std::string& name : names) {
-        // Its own descriptor: the one of the standard input is needed again.
-        const FileDescriptor file = openToRead(name == "-" ? "/dev/stdin" : name);
-        const auto size = file ? sizeOf(file) : std::nullopt;
+        const auto size = sizeOfFile(pathOf(name));
         if (!size)
             return std::nullopt;
         total += *size;
     }
     return total;
+}
+
+std::optional<std::string> fileThatIs(const FileDescriptor& output,
+                                      const std::vector<std::string>& names) {
+    const auto found = std::find_if(names.begin(), names.end(), [&](const std::string& name) {
+        return isSameFile(pathOf(name), output);
+    });
+    return found == names.end() ? std::nullopt : std::optional(*found);
 }
 
 } // namespace orbisgrid

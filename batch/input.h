@@ -30,4 +30,9 @@ private:
 /// not say, as a pipe.
 [[nodiscard]] std::optional<std::uint64_t> totalOf(const std::vector<std::string>& names);
 
+/// The first of the files that is open as `output` too: what is written there would be read in its
+/// turn, without an end.
+[[nodiscard]] std::optional<std::string> fileThatIs(const FileDescriptor& output,
+                                                    const std::vector<std::string>& names);
+
 } // namespace orbisgrid

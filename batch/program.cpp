@@ -55,6 +55,12 @@ void readOutlines(MapOptions& map, StreamSink& messages) {
         std::ignore = messages.write("orbisgrid-batch: no outlines of land: " + path + "\n");
 }
 
+int refuse(StreamSink& messages, const std::string& file, const std::string& reason) {
+    const std::string name = file == "-" ? "standard input" : printable(file);
+    std::ignore = messages.write("orbisgrid-batch: " + name + ": " + reason + "\n");
+    return static_cast<int>(Status::failed);
+}
+
 int print(const std::string& text) {
     StreamSink output(standardOutput);
     int error = output.write(text);
@@ -90,15 +96,15 @@ int runProgram(std::span<char* const> arguments) {
         readOutlines(call.map, messages);
     if (call.outputFile.empty()) {
         StreamSink output(standardOutput);
+        if (const auto name = fileThatIs(output.stream(), call.files))
+            return refuse(messages, *name, "input and output are one file (-o replaces it)");
         call.run.isOutputShown = isTerminal(output.stream());
         return work(call, output, messages);
     }
     FileSink output(call.outputFile);
     if (const int error = output.error(); error != 0) {
         const std::string reason = error == EINVAL ? "not a regular file" : reasonOf(error);
-        std::ignore =
-            messages.write("orbisgrid-batch: " + printable(call.outputFile) + ": " + reason + "\n");
-        return static_cast<int>(Status::failed);
+        return refuse(messages, call.outputFile, reason);
     }
     return work(call, output, messages);
 }

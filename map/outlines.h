@@ -23,7 +23,7 @@ public:
     struct Line {
         std::size_t first{}, count{}; ///< its points; coasts have 3 and more, borders 2
         Direction middle;             ///< of a cap of the sphere that holds all of it
-        double reach{};               ///< the radius of that cap, radians; infinite where it is unknown
+        double reach{}; ///< the radius of that cap, radians; infinite where it is unknown
     };
 
     /// Reads the file's bytes (scripts/map_outlines.py describes them). Result: nothing where they

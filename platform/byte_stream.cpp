@@ -35,12 +35,20 @@ bool writeNext(const FileDescriptor& file, std::string_view bytes) {
     return true;
 }
 
-std::optional<std::uint64_t> sizeOf(const FileDescriptor& file) {
+std::optional<std::uint64_t> sizeOfFile(const std::string& path) {
     struct stat status = {};
 
-    if (::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode))
+    if (::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode))
         return std::nullopt;
     return static_cast<std::uint64_t>(status.st_size);
+}
+
+bool isSameFile(const std::string& path, const FileDescriptor& file) {
+    struct stat one = {}, other = {};
+
+    return ::fstat(file.get(), &other) == 0 && S_ISREG(other.st_mode) &&
+           ::stat(path.c_str(), &one) == 0 && one.st_dev == other.st_dev &&
+           one.st_ino == other.st_ino;
 }
 
 bool isTerminal(const FileDescriptor& file) {

@@ -22,8 +22,12 @@ std::optional<std::size_t> readNext(const FileDescriptor& file, std::span<char> 
 /// Writes all of `bytes`. Result: false with the reason in errno where that cannot be done.
 bool writeNext(const FileDescriptor& file, std::string_view bytes);
 
-/// How many bytes a regular file has; nothing for a pipe or a device, which do not say.
-std::optional<std::uint64_t> sizeOf(const FileDescriptor& file);
+/// How many bytes a regular file has; nothing for a pipe or a device, which do not say. It is not
+/// opened: a pipe's writer would take a reader that closes at once for its only one, and end.
+std::optional<std::uint64_t> sizeOfFile(const std::string& path);
+
+/// Whether `path` leads to the regular file that is open as `file`.
+bool isSameFile(const std::string& path, const FileDescriptor& file);
 
 /// Whether a person sees what is written there.
 bool isTerminal(const FileDescriptor& file);

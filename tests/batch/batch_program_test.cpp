@@ -114,6 +114,19 @@ TEST(BatchProgram, AFolderInTheFilesPlace) {
     EXPECT_EQ(result.status, 2);
 }
 
+TEST(BatchProgram, AFileThatTheShellWritesTo) {
+    const TemporaryFolder folder;
+    const std::string list = folder.make("list", "JO20 FN42\n");
+    for (const auto& [files, name] : {std::pair{list, list}, {"- <" + list, "standard input"}}) {
+        const ShellResult result =
+            shell("timeout 20 " + program + " distance " + files + " 2>&1 >>" + list);
+        EXPECT_EQ(result.output, "orbisgrid-batch: " + name +
+                                     ": input and output are one file (-o replaces it)\n");
+        EXPECT_EQ(result.status, 2);
+    }
+    EXPECT_EQ(shell("cat " + list).output, "JO20 FN42\n");
+}
+
 TEST(BatchProgram, AFileThatIsNotThere) {
     const TemporaryFolder folder;
     const std::string path = folder.make("a.txt", "JO20 FN42\n");

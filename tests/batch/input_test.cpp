@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+
 #include <array>
 #include <cerrno>
 #include <filesystem>
@@ -35,6 +37,14 @@ TEST_F(InputTest, HasASizeWhereEachFileSaysIts) {
     EXPECT_EQ(totalOf({m_five, m_eleven, m_five}), 21U);
     EXPECT_EQ(totalOf({m_five, "/dev/null"}), std::nullopt);
     EXPECT_EQ(totalOf({m_five + ".none", m_five}), std::nullopt);
+}
+
+TEST_F(InputTest, IsOfNoEndWhereTheOutputIsOneOfTheFiles) {
+    const FileDescriptor output(::open(m_five.c_str(), O_WRONLY | O_CLOEXEC));
+    EXPECT_EQ(fileThatIs(output, {m_eleven, m_five}), m_five);
+    EXPECT_EQ(fileThatIs(output, {m_eleven, "-"}), std::nullopt);
+    EXPECT_EQ(fileThatIs(FileDescriptor(::open("/dev/null", O_WRONLY | O_CLOEXEC)), {"/dev/null"}),
+              std::nullopt);
 }
 
 TEST_F(InputTest, GivesItsBytesAsFarAsThereIsRoom) {
