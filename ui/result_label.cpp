@@ -28,6 +28,8 @@ bool ResultLabel::event(QEvent* event) {
     case QEvent::ContextMenu:
         makeSelectable();
         break;
+    case QEvent::Polish:
+        return QFrame::event(event); // QLabel would make the document now
     default:
         break;
     }

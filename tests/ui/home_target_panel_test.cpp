@@ -4,8 +4,12 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QSignalSpy>
 #include <QToolTip>
+
+#include <algorithm>
+#include <string_view>
 
 using namespace orbisgrid;
 
@@ -319,6 +323,20 @@ private Q_SLOTS:
         QCOMPARE(toQString(homeTarget.DefaultHome), QStringLiteral("JO20AW"));
         QCOMPARE(toQString(homeTarget.DefaultTarget), QStringLiteral("FN42"));
         QCOMPARE(changed.count(), 2);
+    }
+
+    /// A document for each result would be a hundredth of what the window takes at its start.
+    void aResultHasNoDocumentBeforeItIsSelected() {
+        m_panel->open();
+        const auto documents = [this] {
+            const auto objects = m_panel->panel().findChildren<QObject*>();
+            return std::count_if(objects.begin(), objects.end(), [](const QObject* object) {
+                return std::string_view(object->metaObject()->className()) == "QWidgetTextControl";
+            });
+        };
+        QCOMPARE(documents(), 0);
+        m_panel->panel().findChild<QLabel*>(QStringLiteral("lblDistKm"))->setFocus();
+        QCOMPARE(documents(), 1);
     }
 
     void reportGoesToTheClipboard() {
