@@ -118,7 +118,8 @@ clean_up() {
   fi
   # What was killed may still be going.
   # shellcheck disable=SC2016
-  timeout 20 sh -c 'until rm -rf --one-file-system "$1" 2>/dev/null; do sleep 0.2; done' sh "$box"
+  timeout 300 sh -c 'until rm -rf --one-file-system "$1" 2>/dev/null; do sleep 0.2; done' sh "$box" ||
+    echo "orbisgrid: left behind: $box" >&2 # which says nothing about the command
 }
 
 enter_clean() { # <release> <mirror> <yes: as an archive> <command ...>
