@@ -23,10 +23,10 @@ double whereLeftOut(const MapFrame& frame, double kilometres) {
     if (mostStretch <= 1)
         return nowhere;
     double near = 0, far = pi;
-    // Until no number lies between the two.
-    for (double between = std::midpoint(near, far); near < between && between < far;
-         between = std::midpoint(near, far))
+    while (std::nextafter(near, far) < far) { // as long as a number lies between the two
+        const double between = std::midpoint(near, far);
         (between / std::sin(between) <= mostStretch ? near : far) = between;
+    }
     return std::cos(near);
 }
 
