@@ -21,6 +21,11 @@ namespace {
 constexpr int standardOutput = 1;
 constexpr int standardError = 2;
 
+/// What messages call a file.
+std::string shownName(const std::string& file) {
+    return file == "-" ? "standard input" : file;
+}
+
 void processAll(const Invocation& call, BatchRun& run) {
     for (const std::string& name : call.files) {
         FileSource source(name);
@@ -28,7 +33,7 @@ void processAll(const Invocation& call, BatchRun& run) {
             run.fail(name, reasonOf(errno));
             return;
         }
-        if (!run.process(source, name == "-" ? "standard input" : name))
+        if (!run.process(source, shownName(name)))
             return;
     }
 }
@@ -55,9 +60,8 @@ void readOutlines(MapOptions& map, StreamSink& messages) {
         std::ignore = messages.write("orbisgrid-batch: no outlines of land: " + path + "\n");
 }
 
-int refuse(StreamSink& messages, const std::string& file, const std::string& reason) {
-    const std::string name = file == "-" ? "standard input" : printable(file);
-    std::ignore = messages.write("orbisgrid-batch: " + name + ": " + reason + "\n");
+int refuse(StreamSink& messages, const std::string& why) {
+    std::ignore = messages.write("orbisgrid-batch: " + why + "\n");
     return static_cast<int>(Status::failed);
 }
 
@@ -97,14 +101,15 @@ int runProgram(std::span<char* const> arguments) {
     if (call.outputFile.empty()) {
         StreamSink output(standardOutput);
         if (const auto name = fileThatIs(output.stream(), call.files))
-            return refuse(messages, *name, "input and output are one file (-o replaces it)");
+            return refuse(messages, printable(shownName(*name)) +
+                                        ": input and output are one file (-o replaces it)");
         call.run.isOutputShown = isTerminal(output.stream());
         return work(call, output, messages);
     }
     FileSink output(call.outputFile);
     if (const int error = output.error(); error != 0) {
         const std::string reason = error == EINVAL ? "not a regular file" : reasonOf(error);
-        return refuse(messages, call.outputFile, reason);
+        return refuse(messages, printable(call.outputFile) + ": " + reason);
     }
     return work(call, output, messages);
 }
