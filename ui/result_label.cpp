@@ -29,7 +29,8 @@ bool ResultLabel::event(QEvent* event) {
         makeSelectable();
         break;
     case QEvent::Polish:
-        return QFrame::event(event); // QLabel would make the document now
+        // QLabel would make the document now.
+        return QFrame::event(event); // NOLINT(bugprone-parent-virtual-call)
     default:
         break;
     }
