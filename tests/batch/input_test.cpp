@@ -1,4 +1,5 @@
 #include "batch/input.h"
+#include "tests/platform/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -6,9 +7,6 @@
 
 #include <array>
 #include <cerrno>
-#include <filesystem>
-#include <fstream>
-#include <tuple>
 
 namespace orbisgrid {
 
@@ -16,19 +14,9 @@ namespace {
 
 class InputTest : public testing::Test {
 protected:
-    static std::string made(const std::string& name, const std::string& bytes) {
-        std::string path = testing::TempDir() + "orbisgrid_input_" + name;
-        std::ofstream(path) << bytes;
-        return path;
-    }
-
-    ~InputTest() override {
-        for (const std::string& path : {m_five, m_eleven})
-            std::ignore = std::filesystem::remove(path);
-    }
-
-    const std::string m_five = made("five", "JO20\n");
-    const std::string m_eleven = made("eleven", "FN42AA IO91");
+    const test::TemporaryFolder m_folder;
+    const std::string m_five = m_folder.make("five", "JO20\n");
+    const std::string m_eleven = m_folder.make("eleven", "FN42AA IO91");
 };
 
 TEST_F(InputTest, HasASizeWhereEachFileSaysIts) {
@@ -36,7 +24,7 @@ TEST_F(InputTest, HasASizeWhereEachFileSaysIts) {
     EXPECT_EQ(totalOf({m_five}), 5U);
     EXPECT_EQ(totalOf({m_five, m_eleven, m_five}), 21U);
     EXPECT_EQ(totalOf({m_five, "/dev/null"}), std::nullopt);
-    EXPECT_EQ(totalOf({m_five + ".none", m_five}), std::nullopt);
+    EXPECT_EQ(totalOf({m_folder.path("none"), m_five}), std::nullopt);
 }
 
 TEST_F(InputTest, IsOfNoEndWhereTheOutputIsOneOfTheFiles) {
@@ -58,7 +46,7 @@ TEST_F(InputTest, GivesItsBytesAsFarAsThereIsRoom) {
 }
 
 TEST_F(InputTest, IsNotOpenWhereThereIsNone) {
-    EXPECT_FALSE(FileSource(m_five + ".none").isOpen());
+    EXPECT_FALSE(FileSource(m_folder.path("none")).isOpen());
     EXPECT_EQ(errno, ENOENT);
 }
 

@@ -35,6 +35,12 @@ protected:
         xdotool("windowfocus --sync " + m_window);
     }
 
+    void openOnTop() {
+        open();
+        key("alt+s");
+        EXPECT_TRUE(propertyComesTo("_NET_WM_STATE", "_NET_WM_STATE_ABOVE", true));
+    }
+
     /// Types into whatever has the focus, key after key as fingers do.
     static void type(const std::string& text) { xdotool("type --delay 5 '" + text + "'"); }
 
@@ -305,9 +311,7 @@ TEST_F(WindowDesktopTest, MessageBoxesHaveExactlyTheirTitle) {
 }
 
 TEST_F(WindowDesktopTest, BoxesComeUpAboveATopmostWindow) {
-    open();
-    key("alt+s");
-    EXPECT_TRUE(propertyComesTo("_NET_WM_STATE", "_NET_WM_STATE_ABOVE", true));
+    openOnTop();
     key("alt+c");
     const std::string box = waitForWindow("Invalid Home Locator");
     ASSERT_FALSE(box.empty());
@@ -347,9 +351,7 @@ TEST_F(WindowDesktopTest, TheMapOfThePathOpensBesideAndCloses) {
 }
 
 TEST_F(WindowDesktopTest, TheMapStaysOnTopWithTheMainWindow) {
-    open();
-    key("alt+s");
-    EXPECT_TRUE(propertyComesTo("_NET_WM_STATE", "_NET_WM_STATE_ABOVE", true));
+    openOnTop();
     key("F2");
     const std::string map = waitForWindow("Path on a map");
     ASSERT_FALSE(map.empty());
