@@ -19,7 +19,7 @@ void refuse(const std::string& why) {
 
 const WindowLibrary* loadWindowLibrary() {
     const std::string path = executableFolder() + "/orbisgrid-window.so";
-    const SharedLibrary library(path);
+    const SharedLibrary library(path, SharedLibrary::Names::libraryFirst);
     using Entry = const WindowLibrary* (*)();
     const auto entry = reinterpret_cast<Entry>(library.function("orbisgridWindowLibrary"));
     if (entry == nullptr) {

@@ -100,6 +100,15 @@ TEST_F(BrokenDesktop, NoWindowManager) {
     startsCalculatesAndEnds("");
 }
 
+/// Qt's libraries must not go past it to the C library's: what one of them gives the other frees.
+TEST_F(BrokenDesktop, AnotherMallocPutBeforeTheCLibrarys) {
+#ifdef ORBISGRID_SANITIZED
+    GTEST_SKIP() << "a sanitizer insists on its own";
+#endif
+    m_server.startWindowManager();
+    startsCalculatesAndEnds("LD_PRELOAD=" ORBISGRID_OTHER_MALLOC);
+}
+
 TEST_F(BrokenDesktop, OneFontOnly) {
     fs::create_directory(root() / "fonts");
     ASSERT_EQ(

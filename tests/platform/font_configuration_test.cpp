@@ -147,22 +147,6 @@ TEST(FontConfiguration, TheVariableThatQtRemovesIsTheLastOne) {
               0);
 }
 
-TEST(SharedLibrary, HasItsFunctions) {
-    const SharedLibrary library("libm.so.6");
-    const auto cosine = reinterpret_cast<double (*)(double)>(library.function("cos"));
-    ASSERT_NE(cosine, nullptr);
-    EXPECT_EQ(cosine(0), 1);
-    EXPECT_EQ(library.function("nothing_of_this_name"), nullptr);
-    EXPECT_TRUE(SharedLibrary::whatIsWrong().find("nothing_of_this_name") != std::string::npos);
-}
-
-TEST(SharedLibrary, SaysWhyThereIsNone) {
-    const SharedLibrary library("/nowhere/Ж.so");
-    EXPECT_EQ(library.function("cos"), nullptr);
-    EXPECT_TRUE(SharedLibrary::whatIsWrong().starts_with("/nowhere/"));
-    EXPECT_EQ(SharedLibrary::whatIsWrong(), "") << "each reason is told once";
-}
-
 } // namespace
 
 } // namespace orbisgrid

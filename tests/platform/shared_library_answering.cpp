@@ -1,0 +1,7 @@
+// What the library that asks needs.
+
+extern "C" [[gnu::visibility("default")]] const char* orbisgridWhoAnswers();
+
+extern "C" const char* orbisgridWhoAnswers() {
+    return "library";
+}
