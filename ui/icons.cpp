@@ -6,6 +6,7 @@
 #include <QPainterPath>
 #include <QPalette>
 #include <QPixmap>
+#include <QPixmapCache>
 
 namespace orbisgrid {
 
@@ -13,6 +14,16 @@ namespace {
 
 /// Glyphs are drawn on a square of this side and scaled.
 constexpr qreal side = 16;
+
+QColor inkOf(QIcon::Mode mode) {
+    const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
+    return QGuiApplication::palette().color(group, QPalette::ButtonText);
+}
+
+/// The colour of a sheet.
+QColor paper() {
+    return QGuiApplication::palette().color(QPalette::Base);
+}
 
 QPainterPath polyline(std::initializer_list<QPointF> points) {
     QPainterPath path(*points.begin());
@@ -27,7 +38,7 @@ void drawConvert(QPainter& painter) {
 
 /// A sheet with its upper left corner at `corner`; lines of text show which one lies on top.
 void drawSheet(QPainter& painter, QPointF corner) {
-    painter.setBrush(QGuiApplication::palette().color(QPalette::Base));
+    painter.setBrush(paper());
     painter.drawRoundedRect(QRectF(corner, QSizeF(8, 9.5)), 1, 1);
     painter.setBrush(Qt::NoBrush);
 }
@@ -118,8 +129,7 @@ public:
         : m_glyph(glyph) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
-        const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
-        const QColor ink = QGuiApplication::palette().color(group, QPalette::ButtonText);
+        const QColor ink = inkOf(mode);
         const qreal scale = qMin(rect.width(), rect.height()) / side;
         const qreal lineWidth = m_glyph == Glyph::convert ? 2 : 1.25;
         painter->save();
@@ -132,11 +142,23 @@ public:
         painter->restore();
     }
 
+    /// Most glyphs stand on several buttons: they are drawn once.
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-        QPixmap pixmap(size);
+        const QString key = QStringLiteral("orbisgrid-glyph %1 %2x%3 %4 %5")
+                                .arg(static_cast<int>(m_glyph))
+                                .arg(size.width())
+                                .arg(size.height())
+                                .arg(inkOf(mode).rgba())
+                                .arg(paper().rgba());
+        QPixmap pixmap;
+        if (QPixmapCache::find(key, &pixmap))
+            return pixmap;
+        pixmap = QPixmap(size);
         pixmap.fill(Qt::transparent);
         QPainter painter(&pixmap);
         paint(&painter, QRect(QPoint(0, 0), size), mode, state);
+        painter.end();
+        QPixmapCache::insert(key, pixmap);
         return pixmap;
     }
 

@@ -3,6 +3,8 @@
 #include <QRandomGenerator>
 #include <QTest>
 
+#include <cmath>
+
 using namespace orbisgrid;
 
 class ContrastTest : public QObject {
@@ -35,6 +37,17 @@ private Q_SLOTS:
         QFETCH(const double, ratio);
         const double counted = contrast(QColor(one), QColor(other));
         QVERIFY2(std::abs(counted - ratio) < 0.005, qPrintable(QString::number(counted)));
+    }
+
+    void everyGrayIsCountedByTheirFormula() {
+        for (int value = 0; value <= 255; ++value) {
+            const double share = value / 255.0;
+            const double light =
+                share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+            const double counted = contrast(Qt::white, QColor(value, value, value));
+            QVERIFY2(std::abs(counted - 1.05 / (light + 0.05)) < 1e-12,
+                     qPrintable(QString::number(value)));
+        }
     }
 
     void aColorThatIsSeenStays() {
