@@ -49,6 +49,22 @@ TEST_F(OnDebianTest, WhereNobodyMayMountItSaysSo) {
     EXPECT_EQ(result.output, "orbisgrid: not run on trixie: this system lets nobody mount\n");
 }
 
+/// What a slow disk or a process that is still going does to the removal says nothing about the
+/// command.
+TEST_F(OnDebianTest, ARootThatStaysDoesNotChangeTheCommandsStatus) {
+    m_box.standIn("id", "echo 0");
+    m_box.standIn("debootstrap", "");
+    m_box.standIn("apt-get", "echo bookworm main mirror; echo trixie main mirror");
+    m_box.standIn("timeout", "exit 124");
+    // Asked first whether it may, then for the root and the command in it.
+    m_box.standIn("unshare", "for last; do :; done; [ $# -le 6 ] || exit \"$last\"");
+    for (const int status : {0, 7}) {
+        const ShellResult result = run("trixie " + std::to_string(status));
+        EXPECT_EQ(result.status, status) << result.output;
+        EXPECT_TRUE(result.output.starts_with("orbisgrid: left behind: ")) << result.output;
+    }
+}
+
 TEST_F(OnDebianTest, WithoutACommandItSaysHowItIsUsed) {
     const ShellResult result = run("trixie");
     EXPECT_EQ(result.status, 2);
