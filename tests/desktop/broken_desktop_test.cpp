@@ -102,7 +102,7 @@ TEST_F(BrokenDesktop, NoWindowManager) {
 
 /// Qt's libraries must not go past it to the C library's: what one of them gives the other frees.
 TEST_F(BrokenDesktop, AnotherMallocPutBeforeTheCLibrarys) {
-#ifdef ORBISGRID_SANITIZED
+#ifdef __SANITIZE_ADDRESS__
     GTEST_SKIP() << "a sanitizer insists on its own";
 #endif
     m_server.startWindowManager();

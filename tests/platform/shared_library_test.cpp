@@ -53,7 +53,7 @@ TEST(SharedLibrary, LooksInTheProgramFirst) {
 }
 
 TEST(SharedLibrary, LooksInItselfFirstWhereItIsToldTo) {
-#ifdef ORBISGRID_SANITIZED
+#ifdef __SANITIZE_ADDRESS__
     // The sanitizer's malloc comes before the C library's.
     EXPECT_TRUE(isAnsweredBy("program", Names::libraryFirst));
 #else
