@@ -11,7 +11,7 @@ public:
     /// program means the executable and what that one needs.
     enum class Names {
         programFirst, ///< in the program, then in the library and what it needs
-        libraryFirst, ///< the other way round: what many names are found in is asked at once
+        libraryFirst, ///< the other way round; quicker where what it needs has most of them
     };
 
     /// Loads the file at `path`. What the libraries that it needs call in each other is bound when
