@@ -1,6 +1,6 @@
 # orbisgrid_small(<target>): compiles for size instead of speed. For what waits for a hand, a disk or
-# another program: a start reads the less of it, and nobody could tell how long a call takes. Of a build
-# for users only: others have their own reasons for -O.
+# another program: a start reads the less of it, and nobody could tell how long a call takes. In Release
+# alone: the other kinds of build choose their -O for reasons of their own.
 function(orbisgrid_small target)
   target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:-Os>)
 endfunction()

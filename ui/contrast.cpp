@@ -8,15 +8,15 @@ namespace orbisgrid {
 
 namespace {
 
-/// x to the power 2.4, for x from 0.09 to 1: the fifth root by Newton's method, which from above
-/// comes down to it.
+/// x to the power 2.4, for x from 0.09 to 1: its square times the fifth root of that, to which
+/// Newton's method comes down from 1.
 constexpr double toThePowerOf2Point4(double x) {
-    const double twelfthPower = x * x * x * x * x * x * x * x * x * x * x * x;
+    const double square = x * x;
     double root = 1;
-    constexpr int enough = 64;
+    constexpr int enough = 32;
     for (int step = 0; step < enough; ++step)
-        root -= (root - twelfthPower / (root * root * root * root)) / 5;
-    return root;
+        root -= (root - square / (root * root * root * root)) / 5;
+    return square * root;
 }
 
 /// Of one colour channel: what the value 0 to 1 of a pixel gives as light.

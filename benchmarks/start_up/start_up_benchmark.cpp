@@ -150,7 +150,7 @@ pid_t start(const std::string& command) {
     for (std::string& part : parts)
         arguments.push_back(part.data());
     arguments.push_back(nullptr);
-    static const Silence silence;
+    const Silence silence;
     pid_t child = -1;
     if (::posix_spawn(&child, arguments.front(), silence.get(), nullptr, arguments.data(),
                       environ) != 0)

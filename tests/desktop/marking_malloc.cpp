@@ -1,6 +1,6 @@
 // An allocator that is put before the C library's, as some systems and tools do. It marks what it
-// gives, and ends a program that frees anything else with it; whether the C library is handed one
-// of its blocks that library finds out.
+// gives and ends a program that hands it anything else. A block of its own that is handed to the C
+// library ends the program there.
 
 #include <algorithm>
 #include <cerrno>
